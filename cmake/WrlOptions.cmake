@@ -1,0 +1,12 @@
+# The build's options, all of them. Tests, tools and benchmarks are for this project alone: a project that adds this folder
+# gets the libraries and nothing else.
+option(WRL_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(WRL_BUILD_TOOLS "Build the embedded host and the wrl command" ${PROJECT_IS_TOP_LEVEL})
+option(WRL_BUILD_BENCH "Build the benchmarks" OFF)
+option(WRL_BUILD_FUZZ "Build the fuzz targets (needs clang)" OFF)
+option(WRL_SANITIZE "Compile with the address and undefined-behaviour sanitizers" OFF)
+option(WRL_WERROR "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+
+if((WRL_BUILD_TESTS OR WRL_BUILD_BENCH) AND NOT WRL_BUILD_TOOLS)
+  message(FATAL_ERROR "Tests and benchmarks run the module inside the embedded host: they need WRL_BUILD_TOOLS.")
+endif()
