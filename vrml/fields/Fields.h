@@ -1,0 +1,28 @@
+#pragma once
+
+// All field classes.
+
+#include "vrml/fields/Field.h"
+#include "vrml/fields/FieldFactory.h"
+#include "vrml/fields/FieldType.h"
+#include "vrml/fields/MFColor.h"
+#include "vrml/fields/MFFloat.h"
+#include "vrml/fields/MFInt32.h"
+#include "vrml/fields/MFRotation.h"
+#include "vrml/fields/MFString.h"
+#include "vrml/fields/MFTime.h"
+#include "vrml/fields/MFVec2f.h"
+#include "vrml/fields/MFVec3f.h"
+#include "vrml/fields/MField.h"
+#include "vrml/fields/SFBool.h"
+#include "vrml/fields/SFColor.h"
+#include "vrml/fields/SFFloat.h"
+#include "vrml/fields/SFImage.h"
+#include "vrml/fields/SFInt32.h"
+#include "vrml/fields/SFMatrix.h"
+#include "vrml/fields/SFNode.h"
+#include "vrml/fields/SFRotation.h"
+#include "vrml/fields/SFString.h"
+#include "vrml/fields/SFTime.h"
+#include "vrml/fields/SFVec2f.h"
+#include "vrml/fields/SFVec3f.h"
