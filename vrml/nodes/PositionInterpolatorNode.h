@@ -1,0 +1,24 @@
+#pragma once
+
+// Positions over the keys.
+
+#include "vrml/fields/MFVec3f.h"
+#include "vrml/nodes/InterpolatorNode.h"
+#include "vrml/nodes/TypedNode.h"
+
+namespace vrml {
+
+struct PositionInterpolatorData : InterpolatorData {
+  Named<MFVec3f> keyValue{"keyValue"};
+};
+
+class PositionInterpolatorNode final : public TypedNode<InterpolatorNode, PositionInterpolatorData> {
+ public:
+  static const NodeClass kClass;
+  explicit PositionInterpolatorNode(NodeData* shared = nullptr) : TypedNode(kClass, shared) {}
+
+  [[nodiscard]] const MFVec3f& getKeyValue() const { return *data().keyValue; }
+  [[nodiscard]] MFVec3f& editKeyValue() { return *editData().keyValue; }
+};
+
+}  // namespace vrml
