@@ -1,0 +1,57 @@
+// The module is opened with all its symbols bound at once, so that a host that lacks one is found out here and not in
+// the middle of a load.
+
+#include "embedded/ModuleLoader.h"
+
+#include <dlfcn.h>
+
+#include "embedded/Paths.h"
+
+namespace embedded {
+
+ModuleLoader::~ModuleLoader() { close(); }
+
+void ModuleLoader::close() {
+  m_load = nullptr;
+  m_write = nullptr;
+  if (m_handle != nullptr) dlclose(m_handle);
+  m_handle = nullptr;
+}
+
+bool ModuleLoader::open(const std::string& path) {
+  close();
+  m_errorText.clear();
+  // The module keeps defaults and textures for as long as its process, which nobody could free once its memory is gone.
+  m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  if (m_handle != nullptr) m_load = reinterpret_cast<LoadFn>(dlsym(m_handle, "loadModelWRL"));
+  if (m_load == nullptr) {
+    const char* reason = dlerror();
+    m_errorText = reason != nullptr ? reason : path + ": loadModelWRL is null";
+    close();
+    return false;
+  }
+  m_write = reinterpret_cast<WriteFn>(dlsym(m_handle, "writeModelWRL"));
+  return true;
+}
+
+std::unique_ptr<CVekDBRoot> ModuleLoader::loadModel(const std::string& path, unsigned flags) const {
+  return std::unique_ptr<CVekDBRoot>(m_load != nullptr ? m_load(path, flags) : nullptr);
+}
+
+bool ModuleLoader::writeModel(const std::string& path, CVekStager* stager) const {
+  if (m_write == nullptr) return false;
+  m_write(path, stager);
+  return true;
+}
+
+std::string ModuleLoader::pathBesideHost() {
+  constexpr const char* kModuleName = "modelwrl.so";
+  static const char anchor = 0;  // something whose address lies in the host library
+  Dl_info info{};
+  if (dladdr(&anchor, &info) == 0 || info.dli_fname == nullptr) return kModuleName;
+  const std::string host = info.dli_fname;
+  const std::size_t slash = lastSlash(host);
+  return slash == std::string::npos ? std::string("./") + kModuleName : host.substr(0, slash + 1) + kModuleName;
+}
+
+}  // namespace embedded
