@@ -1,0 +1,34 @@
+// A thin layer over the scene's own loading.
+
+#include "tools/wrl/FileReading.h"
+
+#include <VekSGdb/sglDataLoader.h>
+
+#include "tools/wrl/Progress.h"
+#include "vrml/reader/SceneGraph.h"
+
+namespace wrl {
+
+void readFile(vrml::SceneGraph& scene, const std::string& path, bool resolve) {
+  Progress progress;
+  progress.setFile(path);
+  // Reporting each line costs time that only a terminal is worth.
+  scene.load(path, resolve, progress.isShown() ? Progress::showCount : nullptr, &progress);
+}
+
+std::string readFileOrSearch(vrml::SceneGraph& scene, const std::string& path) {
+  readFile(scene, path, true);
+  std::string found;
+  if (scene.succeeded() || !sglDataLoader::findFile(path, nullptr, found)) return path;
+  readFile(scene, found, true);
+  return found;
+}
+
+bool isUnopened(const vrml::SceneGraph& scene) { return !scene.succeeded() && scene.getErrorLine() == 0; }
+
+std::string errorLine(const std::string& file, const vrml::SceneGraph& scene) {
+  return file + ":" + std::to_string(scene.getErrorLine()) + ": error at or about \"" + scene.getErrorToken() +
+         "\": " + scene.getErrorLineText();
+}
+
+}  // namespace wrl

@@ -1,0 +1,47 @@
+// The refinement is read with std::from_chars: a comma locale must not turn 1.5 into 1.
+
+#include "tools/wrl/HostOptions.h"
+
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+#include "tools/wrl/Arguments.h"
+
+namespace wrl {
+
+namespace {
+
+constexpr const char* kGroup = "Host settings";
+
+// True when the whole text is a finite number.
+bool readNumber(const std::string& text, float& value) {
+  const char* const last = text.data() + text.size();
+  const auto [end, error] = std::from_chars(text.data(), last, value);
+  return error == std::errc() && end == last && std::isfinite(value);
+}
+
+}  // namespace
+
+void addHostOptions(CLI::App& app, HostOptions& options) {
+  const CLI::callback_t takeRefinement = [&options](const CLI::results_t& results) {
+    return readNumber(results.front(), options.refinement);
+  };
+  app.add_option("--refinement", takeRefinement, "How finely primitives are cut; 1 is the usual measure")
+      ->type_name("X")
+      ->group(kGroup);
+  app.add_flag("--merge", options.merge, "Merge the whole file into one object")->group(kGroup);
+  addRepeatable(app, "--search", options.searchFolders, "Look for files in this folder too; may be given again")
+      ->type_name("DIR")
+      ->group(kGroup);
+  app.add_flag("--textures", options.textures, "Read the image files of textures")->group(kGroup);
+  const auto hideStatistics = [&options](std::int64_t) { options.showStatistics = false; };
+  app.add_flag_function("--no-stats", hideStatistics, "Leave the statistics block out")->group(kGroup);
+  addRepeatable(app, "--veto", options.vetoes,
+                "Answer the event of this text (\"onParse:Group\", \"onCreate:sglGeode\") with no; may be given again")
+      ->type_name("TEXT")
+      ->group(kGroup);
+  app.add_flag("--trace", options.trace, "List the hook's calls on standard error")->group(kGroup);
+}
+
+}  // namespace wrl

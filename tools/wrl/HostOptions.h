@@ -1,0 +1,25 @@
+#pragma once
+
+// The settings of the host that runs the module, as options of every subcommand that loads a file.
+
+#include <CLI/App.hpp>
+#include <string>
+#include <vector>
+
+namespace wrl {
+
+/// What the options leave; the defaults are those of a host that nobody has set up.
+struct HostOptions {
+  float refinement = 1.0F;                 // --refinement: how finely primitives are cut
+  bool merge = false;                      // --merge: the whole file into one object
+  std::vector<std::string> searchFolders;  // --search: where files are looked for that do not lie where they should
+  bool textures = false;                   // --textures: the module is offered an image reader
+  bool showStatistics = true;              // --no-stats: whether the module's statistics block is shown
+  std::vector<std::string> vetoes;         // --veto: event texts that the hook answers with false
+  bool trace = false;                      // --trace: the hook's calls on standard error
+};
+
+/// Declares the options in a group of their own.
+void addHostOptions(CLI::App& app, HostOptions& options);
+
+}  // namespace wrl

@@ -1,0 +1,95 @@
+// The host's settings are the process's, so they are set for the one load and put back behind it.
+
+#include "tools/wrl/SceneLoad.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+
+#include "embedded/LoaderSettings.h"
+#include "tools/wrl/Descriptors.h"
+#include "tools/wrl/HostSetUp.h"
+#include "tools/wrl/Input.h"
+#include "tools/wrl/Module.h"
+#include "tools/wrl/Progress.h"
+#include "tools/wrl/StatisticsFilter.h"
+
+namespace wrl {
+
+namespace {
+
+constexpr std::string_view kErrorReport = "sglLoadFile_wrl: Error loading: ";
+
+void writeToStandardError(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
+// The progress that the host's hook reports to, which has no room for an argument.
+Progress* shownProgress = nullptr;
+
+// Lets the host's progress hook report to `progress` for as long as this lives.
+class ProgressHook {
+ public:
+  explicit ProgressHook(Progress& progress) {
+    if (!progress.isShown()) return;
+    shownProgress = &progress;
+    embedded::loaderSettings().progress = [](float, const char* text) { shownProgress->show(text); };
+  }
+  ~ProgressHook() { embedded::loaderSettings().progress = nullptr; }
+  ProgressHook(const ProgressHook&) = delete;
+  ProgressHook& operator=(const ProgressHook&) = delete;
+};
+
+// Shows the host's messages and keeps them, for as long as this lives.
+class MessageLog {
+ public:
+  MessageLog(bool showStatistics, Progress& progress) {
+    embedded::setMessageSink([this, showStatistics, &progress](unsigned level, std::string_view text) {
+      const bool isStatistics = m_filter.isStatistics(text);
+      if (isStatistics && !showStatistics) return;
+      progress.wipe();
+      writeToStandardError(text);
+      messages.push_back({level, std::string(text)});
+    });
+  }
+  ~MessageLog() { embedded::setMessageSink({}); }
+  MessageLog(const MessageLog&) = delete;
+  MessageLog& operator=(const MessageLog&) = delete;
+
+  std::vector<embedded::Message> messages;
+
+ private:
+  StatisticsFilter m_filter;
+};
+
+bool isErrorReport(const embedded::Message& message) { return message.text.starts_with(kErrorReport); }
+
+LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& path, const HostOptions& options) {
+  using Clock = std::chrono::steady_clock;
+  Progress progress;
+  const HostSetUp host(options);
+  const ProgressHook hook(progress);
+  MessageLog log(options.showStatistics, progress);
+  const StandardOutputAside aside;
+  LoadedScene loaded;
+  const Clock::time_point start = Clock::now();
+  loaded.database = module.loadModel(path);
+  loaded.seconds = std::chrono::duration<double>(Clock::now() - start).count();
+  loaded.messages = std::move(log.messages);
+  loaded.failed = std::any_of(loaded.messages.begin(), loaded.messages.end(), isErrorReport);
+  return loaded;
+}
+
+}  // namespace
+
+std::optional<LoadedScene> loadScene(const std::string& file, const HostOptions& options) {
+  const InputPath input = inputPath(file);
+  if (!input.error.empty()) {
+    std::cerr << input.error << '\n';
+    return std::nullopt;
+  }
+  embedded::ModuleLoader module;
+  if (!openModule(module)) return std::nullopt;
+  return loadWith(module, input.path, options);
+}
+
+}  // namespace wrl

@@ -1,0 +1,41 @@
+// wrl stage: any readable input as a stage document.
+
+#include "embedded/StageDocument.h"
+#include "tools/wrl/Arguments.h"
+#include "tools/wrl/Command.h"
+#include "tools/wrl/HostOptions.h"
+#include "tools/wrl/Output.h"
+#include "tools/wrl/StageInput.h"
+
+namespace wrl {
+
+namespace {
+
+class StageCommand : public Command {
+ public:
+  void addOptions(CLI::App& app) override {
+    addFile(app, m_file);
+    addOutput(app, m_output);
+    addHostOptions(app, m_options);
+  }
+
+  ExitStatus run() override {
+    const LoadedStage stage = loadStage(m_file, m_options);
+    if (stage.stager == nullptr) return ExitStatus::failed;
+    Output output(m_output);
+    embedded::writeStageDocument(output.stream(), *stage.stager);
+    const bool delivered = output.finishOrReport();
+    return delivered && !stage.failed ? ExitStatus::done : ExitStatus::failed;
+  }
+
+ private:
+  std::string m_file;
+  std::string m_output;
+  HostOptions m_options;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeStageCommand() { return std::make_unique<StageCommand>(); }
+
+}  // namespace wrl

@@ -1,0 +1,27 @@
+#pragma once
+
+// Any readable input as what the host application would hold of it: a stager with an assembly, views and a background.
+
+#include <VekKernel/CVekStager.h>
+
+#include <memory>
+#include <string>
+
+#include "tools/wrl/HostOptions.h"
+
+namespace wrl {
+
+struct LoadedStage {
+  std::unique_ptr<CVekStager> stager;  // null when there is nothing to show for the input at all
+  bool failed = false;                 // the input could not be loaded; said on standard error
+};
+
+/// Reads a stage document; "-" is standard input, and relative paths in it are taken relative to the current folder
+/// then.
+[[nodiscard]] LoadedStage readStage(const std::string& file);
+
+/// Reads an input by its extension: ".json" is a stage document, everything else is loaded through the module and
+/// becomes an assembly named like the file. A failed load gives a stager without an assembly.
+[[nodiscard]] LoadedStage loadStage(const std::string& file, const HostOptions& options);
+
+}  // namespace wrl
