@@ -4,6 +4,10 @@
 #
 # usage: install-packages.sh GROUP...
 set -euo pipefail
+if [ $# -eq 0 ]; then
+  sed -n 's/^# usage: /usage: /p' "${BASH_SOURCE[0]}" >&2
+  exit 2
+fi
 here=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 
 if ! command -v dpkg-query >/dev/null; then
