@@ -77,8 +77,9 @@ runCases() { # PRESET
 
 check "packages" "$root/scripts/install-packages.sh" build test
 check "format" "$root/scripts/check-format.sh"
-# Of the optimised build what is delivered; the unit tests come once, where the sanitizers watch them.
-check "build release" build release wrl modelwrl && runCases release
+# Of the optimised build what is delivered, and the benchmarks, so that they stay whole; the unit tests come once, where the
+# sanitizers watch them.
+check "build release" build release wrl modelwrl bench_programs bench_parts && runCases release
 if check "build asan" build asan; then
   countRunner "unit tests, asan" runUnitTests asan
   runCases asan
