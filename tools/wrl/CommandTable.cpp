@@ -13,6 +13,7 @@ std::unique_ptr<Command> makeNodesCommand();
 std::unique_ptr<Command> makeSceneCommand();
 std::unique_ptr<Command> makeStageCommand();
 std::unique_ptr<Command> makeExportCommand();
+std::unique_ptr<Command> makeConvertCommand();
 
 std::span<const CommandEntry> commandTable() {
   static constexpr std::array kCommands = {
@@ -25,6 +26,8 @@ std::span<const CommandEntry> commandTable() {
       CommandEntry{"stage", "Prints the assembly, views and background that the host makes of a file, as JSON.",
                    makeStageCommand},
       CommandEntry{"export", "Writes a stage document as a VRML97 file.", makeExportCommand},
+      CommandEntry{"convert", "Reads a file and writes it in another format, each told by its extension.",
+                   makeConvertCommand},
   };
   return kCommands;
 }

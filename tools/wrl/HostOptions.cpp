@@ -44,4 +44,16 @@ void addHostOptions(CLI::App& app, HostOptions& options) {
   app.add_flag("--trace", options.trace, "List the hook's calls on standard error")->group(kGroup);
 }
 
+void addUpAxis(CLI::App& app, HostOptions& options) {
+  const CLI::callback_t take = [&options](const CLI::results_t& results) {
+    const std::string& axis = results.front();
+    if (axis != "y" && axis != "z") return false;
+    options.up = axis == "y" ? embedded::UpAxis::Y : embedded::UpAxis::Z;
+    return true;
+  };
+  app.add_option("--up", take, "The axis that points up in the file, y or z, where its format says otherwise")
+      ->type_name("AXIS")
+      ->group(kGroup);
+}
+
 }  // namespace wrl

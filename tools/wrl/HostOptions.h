@@ -3,8 +3,11 @@
 // The settings of the host that runs the module, as options of every subcommand that loads a file.
 
 #include <CLI/App.hpp>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "embedded/UpAxis.h"
 
 namespace wrl {
 
@@ -17,9 +20,13 @@ struct HostOptions {
   bool showStatistics = true;              // --no-stats: whether the module's statistics block is shown
   std::vector<std::string> vetoes;         // --veto: event texts that the hook answers with false
   bool trace = false;                      // --trace: the hook's calls on standard error
+  std::optional<embedded::UpAxis> up;      // --up: the axis that is up in the file, if not what its format says
 };
 
 /// Declares the options in a group of their own.
 void addHostOptions(CLI::App& app, HostOptions& options);
+
+/// Declares `--up`, for subcommands that make an assembly of what they load.
+void addUpAxis(CLI::App& app, HostOptions& options);
 
 }  // namespace wrl

@@ -120,14 +120,14 @@ bool Output::finish() {
     if (error == 0) m_destination.temporary.clear();
   }
   if (error == 0) return true;
-  m_error = m_name + ": error: " + std::generic_category().message(error);
+  m_reason = std::generic_category().message(error);
   discard();
   return false;
 }
 
 bool Output::finishOrReport() {
   if (finish()) return true;
-  std::cerr << m_error << '\n';
+  std::cerr << error() << '\n';
   return false;
 }
 

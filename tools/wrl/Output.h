@@ -57,7 +57,10 @@ class Output {
   [[nodiscard]] bool finishOrReport();
 
   /// One line without its end, "NAME: error: REASON"; "" as long as nothing failed.
-  [[nodiscard]] const std::string& error() const { return m_error; }
+  [[nodiscard]] std::string error() const { return m_reason.empty() ? "" : m_name + ": error: " + m_reason; }
+
+  /// Why nothing could be written, without the name; "" as long as nothing failed.
+  [[nodiscard]] const std::string& reason() const { return m_reason; }
 
  private:
   struct Destination {
@@ -78,7 +81,7 @@ class Output {
   Destination m_destination;
   DescriptorBuffer m_buffer;
   std::ostream m_stream;
-  std::string m_error;
+  std::string m_reason;
 };
 
 }  // namespace wrl

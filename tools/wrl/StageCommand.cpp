@@ -1,8 +1,11 @@
 // wrl stage: any readable input as a stage document.
 
+#include <iostream>
+
 #include "embedded/StageDocument.h"
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Command.h"
+#include "tools/wrl/Formats.h"
 #include "tools/wrl/HostOptions.h"
 #include "tools/wrl/Output.h"
 #include "tools/wrl/StageInput.h"
@@ -17,9 +20,15 @@ class StageCommand : public Command {
     addFile(app, m_file);
     addOutput(app, m_output);
     addHostOptions(app, m_options);
+    addUpAxis(app, m_options);
   }
 
   ExitStatus run() override {
+    const std::string error = optionError(m_file, m_options);
+    if (!error.empty()) {
+      std::cerr << error << '\n';
+      return ExitStatus::usage;
+    }
     const LoadedStage stage = loadStage(m_file, m_options);
     if (stage.stager == nullptr) return ExitStatus::failed;
     Output output(m_output);

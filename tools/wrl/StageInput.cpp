@@ -1,14 +1,17 @@
-// Formats are told apart by the extension; one that is added goes into loadStage().
+// A world's load and its assembly take the host's settings; a stage document is what it is.
 
 #include "tools/wrl/StageInput.h"
 
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <utility>
 
 #include "embedded/AssemblyBuilder.h"
 #include "embedded/Paths.h"
 #include "embedded/StageDocument.h"
+#include "embedded/UpAxis.h"
+#include "tools/wrl/Formats.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/SceneLoad.h"
 
@@ -16,21 +19,12 @@ namespace wrl {
 
 namespace {
 
-// The part of a file name behind its last full stop, in small letters, and the part before it.
-struct FileName {
-  std::string stem;
-  std::string extension;
-};
+using embedded::UpAxis;
 
-FileName splitName(const std::string& file) {
+// A file's name without its extension.
+std::string stemOf(const std::string& file) {
   const std::string_view name = embedded::fileNameOf(file);
-  const std::size_t stop = name.rfind('.');
-  if (stop == std::string_view::npos) return {std::string(name), ""};
-  FileName parts{std::string(name.substr(0, stop)), std::string(name.substr(stop + 1))};
-  for (char& letter : parts.extension) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return parts;
+  return std::string(name.substr(0, name.rfind('.')));
 }
 
 std::string contentOf(const std::string& path) {
@@ -63,13 +57,20 @@ LoadedStage readStage(const std::string& file) {
   return stage;
 }
 
-LoadedStage loadStage(const std::string& file, const HostOptions& options) {
-  const FileName name = splitName(file);
-  if (name.extension == "json") return readStage(file);
+LoadedStage readStageByOptions(const std::string& file, const HostOptions& /*options*/) { return readStage(file); }
+
+LoadedStage readWorld(const std::string& file, const HostOptions& options) {
   const std::optional<LoadedScene> loaded = loadScene(file, options);
   if (!loaded) return {nullptr, true};
-  const std::string root = isStandardInput(file) ? "" : name.stem;
-  return {embedded::makeStager(embedded::buildAssembly(loaded->database->GetSglRoot(), root)), loaded->failed};
+  const std::string root = isStandardInput(file) ? "" : stemOf(file);
+  std::unique_ptr<CVekAssyRoot> assembly = embedded::turnedUpright(
+      embedded::buildAssembly(loaded->database->GetSglRoot(), root), UpAxis::Y, options.up.value_or(UpAxis::Y));
+  return {embedded::makeStager(std::move(assembly)), loaded->failed};
+}
+
+LoadedStage loadStage(const std::string& file, const HostOptions& options) {
+  const ReaderFormat* format = readerOf(file);
+  return format != nullptr ? format->read(file, options) : readWorld(file, options);
 }
 
 }  // namespace wrl

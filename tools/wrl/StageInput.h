@@ -20,8 +20,14 @@ struct LoadedStage {
 /// then.
 [[nodiscard]] LoadedStage readStage(const std::string& file);
 
-/// Reads an input by its extension: ".json" is a stage document, everything else is loaded through the module and
-/// becomes an assembly named like the file. A failed load gives a stager without an assembly.
+/// `readStage()` with options, none of which says anything about a stage document.
+[[nodiscard]] LoadedStage readStageByOptions(const std::string& file, const HostOptions& options);
+
+/// Loads a world through the module and makes an assembly of it, named like the file; "-" is standard input. A failed
+/// load gives a stager without an assembly.
+[[nodiscard]] LoadedStage readWorld(const std::string& file, const HostOptions& options);
+
+/// Reads an input by its extension; one that is not known is loaded as a world.
 [[nodiscard]] LoadedStage loadStage(const std::string& file, const HostOptions& options);
 
 }  // namespace wrl

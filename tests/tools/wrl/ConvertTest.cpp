@@ -1,0 +1,122 @@
+// wrl convert from outside: which files it takes, and what becomes of them.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+
+#include "tests/tools/wrl/RunTool.h"
+
+namespace wrl {
+namespace {
+
+const std::string kWorld =
+    "#VRML V2.0 utf8\n"
+    "DEF part Group { children Shape { geometry IndexedFaceSet { "
+    "coord Coordinate { point [ 0 0 0, 2 0 0, 0 3 0 ] } coordIndex [ 0 1 2 -1 ] } } }\n";
+
+bool holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+// The box around everything, as `wrl info` gives it: its least corner, then its largest one, to a thousandth.
+std::vector<double> boxOf(const std::string& file) {
+  const std::string out = runToolWith({"info", "--no-stats", file}).out;
+  const std::size_t at = out.find("bounding box  ");
+  if (at == std::string::npos) return {};
+  std::vector<double> box(6);
+  std::sscanf(out.c_str() + at, "bounding box  %lf %lf %lf to %lf %lf %lf", &box[0], &box[1], &box[2], &box[3], &box[4],
+              &box[5]);
+  for (double& number : box) number = std::round(number * 1000.0) / 1000.0 + 0.0;
+  return box;
+}
+
+TEST(ConvertCommand, goes_from_each_format_to_each) {
+  const ScratchFolder folder;
+  const std::string world = folder.write("a.wrl", kWorld);
+  for (const char* step : {"a.wrl b.json", "b.json c.json", "b.json d.wrl", "a.wrl e.WRL"}) {
+    SCOPED_TRACE(step);
+    const std::string words = step;
+    const std::size_t blank = words.find(' ');
+    const ToolResult result = runToolWith(
+        {"convert", "--no-stats", folder.path(words.substr(0, blank)), folder.path(words.substr(blank + 1))});
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
+  }
+  EXPECT_EQ(folder.read("b.json"), runToolWith({"stage", "--no-stats", world}).out);
+  EXPECT_EQ(folder.read("c.json"), folder.read("b.json"));
+  EXPECT_EQ(folder.read("d.wrl"), folder.read("e.WRL"));
+  EXPECT_EQ(runToolWith({"check", folder.path("d.wrl")}).out.substr(0, folder.path("d.wrl: ok").size()),
+            folder.path("d.wrl: ok"));
+}
+
+TEST(ConvertCommand, reads_a_world_on_standard_input) {
+  const ScratchFolder folder;
+  EXPECT_EQ(runToolWith({"convert", "-", folder.path("a.json")}, kWorld).status, ExitStatus::done);
+  EXPECT_TRUE(holds(folder.read("a.json"), "\"part\""));
+}
+
+TEST(ConvertCommand, names_the_formats_it_knows) {
+  const ScratchFolder folder;
+  const std::string world = folder.write("a.wrl", kWorld);
+  struct Row {
+    std::vector<std::string> arguments;
+    std::string message;
+  };
+  const Row rows[] = {
+      {{"convert", "a.xyz", "b.wrl"}, "a.xyz: error: no format that is read; known are .wrl"},
+      {{"convert", "folder.wrl/a", "b.wrl"}, "folder.wrl/a: error: no format that is read; known are .wrl"},
+      {{"convert", world, "b"}, "b: error: no format that is written; known are .wrl"},
+      {{"convert", world, "-"}, "-: error: no format that is written; known are .wrl"},
+      {{"convert", "--up", "y", "a.json", "b.wrl"}, "--up: error: a stage document has its own axes\n"},
+  };
+  for (const Row& row : rows) {
+    const ToolResult result = runToolWith(row.arguments);
+    EXPECT_EQ(result.status, ExitStatus::usage);
+    EXPECT_EQ(result.err.substr(0, row.message.size()), row.message);
+    EXPECT_EQ(result.out, "");
+  }
+  EXPECT_EQ(folder.entryCount(), 1);
+}
+
+TEST(ConvertCommand, writes_nothing_for_what_does_not_load) {
+  const ScratchFolder folder;
+  const std::string bad = folder.write("a.wrl", "#VRML V2.0 utf8\nFog { x }\n");
+  for (const char* out : {"b.wrl", "b.json"}) {
+    const ToolResult result = runToolWith({"convert", bad, folder.write(out, "old")});
+    EXPECT_EQ(result.status, ExitStatus::failed);
+    EXPECT_TRUE(holds(result.err, "at or about \"x\"")) << result.err;
+    EXPECT_EQ(folder.read(out), "old");
+  }
+  EXPECT_EQ(runToolWith({"convert", folder.path("none.json"), folder.path("c.wrl")}).status, ExitStatus::failed);
+  EXPECT_EQ(folder.entryCount(), 3);
+}
+
+TEST(ConvertCommand, takes_the_settings_of_the_host) {
+  const std::string help = runToolWith({"convert", "--help"}).out;
+  for (const char* option :
+       {"--refinement", "--merge", "--search", "--textures", "--no-stats", "--veto", "--trace", "--up"}) {
+    EXPECT_TRUE(holds(help, option)) << option;
+  }
+  const ScratchFolder folder;
+  const std::string world = folder.write("a.wrl", kWorld);
+  const ToolResult result = runToolWith({"convert", "--veto", "onParse:Shape", world, folder.path("b.json")});
+  EXPECT_EQ(result.status, ExitStatus::done);
+  EXPECT_TRUE(holds(folder.read("b.json"), "\"part\""));
+  EXPECT_FALSE(holds(folder.read("b.json"), "\"mesh\""));
+}
+
+TEST(ConvertCommand, turns_a_world_whose_z_axis_is_up) {
+  const ScratchFolder folder;
+  const std::string world = folder.write("a.wrl", kWorld);
+  for (const char* axis : {"y", "z"}) {
+    ASSERT_EQ(runToolWith({"convert", "--up", axis, world, folder.path("b.wrl")}).status, ExitStatus::done);
+    // The host's z axis is up, and so it is in what is written; the load of that turns it once more.
+    const std::vector<double> turnedTwice = {0, -3, 0, 2, 0, 0};
+    const std::vector<double> turnedOnce = {0, 0, 0, 2, 0, 3};
+    EXPECT_EQ(boxOf(folder.path("b.wrl")), axis == std::string("y") ? turnedTwice : turnedOnce);
+  }
+  EXPECT_EQ(runToolWith({"convert", "--up", "x", world, folder.path("c.wrl")}).status, ExitStatus::usage);
+}
+
+}  // namespace
+}  // namespace wrl

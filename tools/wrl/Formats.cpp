@@ -1,0 +1,75 @@
+// Two tables and a search. There are few rows, and one look-up a run.
+
+#include "tools/wrl/Formats.h"
+
+#include <algorithm>
+#include <array>
+
+#include "embedded/Paths.h"
+#include "tools/wrl/Input.h"
+#include "tools/wrl/StageOutput.h"
+
+namespace wrl {
+
+namespace {
+
+constexpr std::string_view kWorld = "wrl";
+
+constexpr std::array kReaders = {
+    ReaderFormat{kWorld, "VRML97 world", readWorld},
+    ReaderFormat{"json", "stage document", readStageByOptions, false},
+};
+
+constexpr std::array kWriters = {
+    WriterFormat{kWorld, "VRML97 world", writeWorld},
+    WriterFormat{"json", "stage document", writeStage},
+};
+
+// What stands behind the last full stop of a file's name, in small letters.
+std::string extensionOf(const std::string& file) {
+  const std::string_view name = embedded::fileNameOf(file);
+  const std::size_t stop = name.rfind('.');
+  std::string extension(stop == std::string_view::npos ? "" : name.substr(stop + 1));
+  for (char& letter : extension) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  }
+  return extension;
+}
+
+template <class Table>
+const typename Table::value_type* find(const Table& table, std::string_view extension) {
+  const auto row = std::find_if(table.begin(), table.end(), [&](const auto& r) { return r.extension == extension; });
+  return row == table.end() ? nullptr : &*row;
+}
+
+template <class Table>
+std::string listed(const Table& table) {
+  std::string text;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if (i > 0) text += i + 1 == table.size() ? " and " : ", ";
+    text.append(".").append(table[i].extension);
+  }
+  return text;
+}
+
+}  // namespace
+
+const ReaderFormat* readerOf(const std::string& file) {
+  return isStandardInput(file) ? find(kReaders, kWorld) : find(kReaders, extensionOf(file));
+}
+
+const WriterFormat* writerOf(const std::string& file) { return find(kWriters, extensionOf(file)); }
+
+std::string optionError(const std::string& file, const HostOptions& options) {
+  const ReaderFormat* const format = readerOf(file);
+  if (format == nullptr || format->hasUpAxis || !options.up) return "";
+  return "--up: error: a " + std::string(format->name) + " has its own axes";
+}
+
+const WriterFormat& worldFormat() { return *find(kWriters, kWorld); }
+
+std::string knownReaders() { return listed(kReaders); }
+
+std::string knownWriters() { return listed(kWriters); }
+
+}  // namespace wrl

@@ -1,0 +1,20 @@
+#pragma once
+
+// What the host application holds, written to a file.
+
+#include <string>
+
+#include "tools/wrl/Formats.h"
+
+namespace wrl {
+
+/// Writes the assembly through the module, as a VRML97 file; why it could not, or "".
+[[nodiscard]] std::string writeWorld(const WriteJob& job);
+
+/// Writes a stage document; why it could not, or "".
+[[nodiscard]] std::string writeStage(const WriteJob& job);
+
+/// Writes a file of that format. Failures are told on standard error.
+[[nodiscard]] bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager);
+
+}  // namespace wrl
