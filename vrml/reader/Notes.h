@@ -17,10 +17,10 @@ enum class NoteKind {
   unresolvedUse,         // a USE of a name that no node before it bears; defName
   nodeWithoutCopy,       // a node inside a USEd subtree that has no copy and is left out there; nodeType, defName
   referenceWithoutCopy,  // a USE of a node that has no copy: it stays a bare reference; nodeType, defName
-  inlineNotOpened,       // an Inline none of whose urls opens as a local file; text is the first url
-  inlineNotParsed,       // an Inline whose file opens but does not parse; text is the file, and where it goes wrong
-  inlineAlreadyLoading,  // an Inline of a file that is being loaded further up; text is the file
-  inlineLimit,           // an Inline that passes a limit of nesting or number and ends the load; text is the file
+  inlineNotOpened,       // an Inline none of whose urls opens as a local file; defName; text is the first url
+  inlineNotParsed,       // an Inline whose file opens but does not parse; defName; text is the file and the line
+  inlineAlreadyLoading,  // an Inline of a file that is being loaded further up; defName; text is the file
+  inlineLimit,           // an Inline that passes a limit, which ends the load; defName; text is the file
 };
 
 inline constexpr std::size_t kNoteKindCount = static_cast<std::size_t>(NoteKind::inlineLimit) + 1;

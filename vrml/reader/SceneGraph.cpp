@@ -234,13 +234,13 @@ bool SceneGraph::loadInline(Node& node) {
     if (path.empty()) continue;
     const std::string canonical = canonicalPath(path);
     if (std::find(m_chain->open.begin(), m_chain->open.end(), canonical) != m_chain->open.end()) {
-      addNote({place.line, NoteKind::inlineAlreadyLoading, {}, {}, path});
+      addNote({place.line, NoteKind::inlineAlreadyLoading, {}, node.getName(), path});
       return true;
     }
     FileText text;
     if (!isRegularFile(path) || !text.read(path)) continue;
     if (m_chain->open.size() > kInlineDepthLimit || m_chain->count == kInlineCountLimit) {
-      addNote({place.line, NoteKind::inlineLimit, {}, {}, path});
+      addNote({place.line, NoteKind::inlineLimit, {}, node.getName(), path});
       failAt(place, node.getTypeName());
       return false;
     }
@@ -251,7 +251,7 @@ bool SceneGraph::loadInline(Node& node) {
     return done;
   }
   const char* const first = urls.get1Value(0);
-  addNote({place.line, NoteKind::inlineNotOpened, {}, {}, first ? first : ""});
+  addNote({place.line, NoteKind::inlineNotOpened, {}, node.getName(), first ? first : ""});
   return true;
 }
 
@@ -273,12 +273,13 @@ bool SceneGraph::readInline(Node& node, FileText text, const std::string& path, 
   m_expansionLeft = scene.m_expansionLeft;
   takeNotes(scene, path);
   if (scene.m_limitPassed) {
-    addNote({place.line, NoteKind::inlineLimit, {}, {}, path});
+    addNote({place.line, NoteKind::inlineLimit, {}, node.getName(), path});
     failAt(place, node.getTypeName());
     return false;
   }
   if (!scene.succeeded()) {
-    addNote({place.line, NoteKind::inlineNotParsed, {}, {}, path + ":" + std::to_string(scene.getErrorLine())});
+    addNote(
+        {place.line, NoteKind::inlineNotParsed, {}, node.getName(), path + ":" + std::to_string(scene.getErrorLine())});
     return true;
   }
   m_inlinedNodes += scene.treeNodes();

@@ -38,7 +38,10 @@ TEST(Notes, name_what_a_reading_passed_over) {
            {"EXPORT", "Group { }\nEXPORT Handle\n", "3:secondReading:::EXPORT\n3:exportStatement:::Handle\n",
             "EXPORT Handle passed over"},
            {"an Inline without its file", "Inline { url [ \"none.wrl\" \"other.wrl\" ] }",
-            "2:inlineNotOpened:::none.wrl\n", "Inline \"none.wrl\": no file of its urls can be opened"},
+            "2:inlineNotOpened:::none.wrl\n", "Inline: no file of its urls can be opened, \"none.wrl\" the first"},
+           {"an Inline with a name", "\nGroup { children DEF lost Inline { url \"none.wrl\" } }",
+            "3:inlineNotOpened::lost:none.wrl\n",
+            "Inline \"lost\": no file of its urls can be opened, \"none.wrl\" the first"},
        }) {
     const EchoCapture echo;
     SceneGraph scene;
@@ -53,15 +56,15 @@ TEST(Notes, name_what_a_reading_passed_over) {
 TEST(Notes, name_what_an_inline_file_is_lost_for) {
   const TemporaryFolder folder;
   const std::string path =
-      folder.write("a.wrl", "#VRML V2.0 utf8\n\nInline { url \"a.wrl\" }\nInline { url \"bad.wrl\" }\n");
+      folder.write("a.wrl", "#VRML V2.0 utf8\n\nInline { url \"a.wrl\" }\nDEF i Inline { url \"bad.wrl\" }\n");
   folder.write("bad.wrl", "#VRML V2.0 utf8\nGroup { nosuch }\n");
   SceneGraph scene;
   scene.load(path, true);
   EXPECT_TRUE(scene.succeeded());
   EXPECT_EQ(notesOf(scene),
-            "3:inlineAlreadyLoading:::" + path + "\n4:inlineNotParsed:::" + folder.path("bad.wrl") + ":2\n");
-  EXPECT_EQ(noteText(scene.notes()[0]), "Inline " + path + ": is being loaded already");
-  EXPECT_EQ(noteText(scene.notes()[1]), "Inline " + folder.path("bad.wrl") + ":2: does not parse");
+            "3:inlineAlreadyLoading:::" + path + "\n4:inlineNotParsed::i:" + folder.path("bad.wrl") + ":2\n");
+  EXPECT_EQ(noteText(scene.notes()[0]), "Inline: " + path + " is being loaded already");
+  EXPECT_EQ(noteText(scene.notes()[1]), "Inline \"i\": " + folder.path("bad.wrl") + ":2 does not parse");
 }
 
 TEST(Notes, of_a_refused_file_are_those_of_its_first_reading) {
