@@ -30,7 +30,7 @@ using vrml::NodeTypeSet;
 
 struct KindText {
   AuditKind kind;
-  bool sumsUp;  // speaks of a type, so names of nodes do not matter
+  bool sumsUp;  // speaks of a field or of the file, so names of nodes do not matter
   const char* text;
 };
 
@@ -40,6 +40,7 @@ constexpr std::array kTexts = {
     KindText{AuditKind::shapeWithoutGeometry, false, "{node} has no geometry and gives nothing"},
     KindText{AuditKind::misplacedNode, false, "{node} stands where no Shape uses it and is not converted"},
     KindText{AuditKind::surplusNode, false, "{node} is not used, its {detail} has another one"},
+    KindText{AuditKind::strayNode, false, "{node} is not used, its {detail} has no place for it"},
     KindText{AuditKind::noCoordinates, false, "{node} has no Coordinate and gives nothing"},
     KindText{AuditKind::facesOutOfRange, false, "{node}: faces with coordinate indices out of range dropped: {count}"},
     KindText{AuditKind::degenerateFaces, false, "{node}: faces of fewer than three corners dropped: {count}"},
@@ -51,8 +52,8 @@ constexpr std::array kTexts = {
     KindText{AuditKind::textureCoordinates, false, "{node}: texture coordinates of a shape without a texture dropped"},
     KindText{AuditKind::proxy, false, "{node} is the proxy of a Collision and is not converted"},
     KindText{AuditKind::fieldNotUsed, true, "{detail} of {node} is not used"},
-    KindText{AuditKind::onlyChildren, true, "{node}: only its children are converted"},
-    KindText{AuditKind::notConverted, true, "{node} is not converted"},
+    KindText{AuditKind::onlyChildren, false, "{node}: only its children are converted"},
+    KindText{AuditKind::notConverted, false, "{node} is not converted"},
     KindText{AuditKind::routes, true, "routes not converted: {count}"},
 };
 static_assert(kTexts.size() == kAuditKindCount);
@@ -72,6 +73,8 @@ constexpr NodeTypeSet kPartsOfShapes("Appearance", "Material", "ImageTexture", "
                                      "TextureTransform", "Box", "Cone", "Cylinder", "Sphere", "ElevationGrid",
                                      "Extrusion", "IndexedFaceSet", "IndexedLineSet", "PointSet", "Text", "FontStyle",
                                      "Coordinate", "Color", "Normal", "TextureCoordinate");
+constexpr NodeTypeSet kPartsOfShape("Appearance", "Box", "Cone", "Cylinder", "Sphere", "ElevationGrid", "Extrusion",
+                                    "IndexedFaceSet", "IndexedLineSet", "PointSet", "Text");
 constexpr NodeTypeSet kPartsOfAppearance("Material", "ImageTexture", "PixelTexture");
 constexpr NodeTypeSet kPartsOfFaceSet("Coordinate", "Normal", "Color", "TextureCoordinate");
 
@@ -173,7 +176,7 @@ class Auditor {
     const Node* const appearance = shape.getFirstChild(nodeType("Appearance"));
     if (isNew(shape)) {
       for (const Node* child = shape.getChildNodes(); child != nullptr; child = child->next()) {
-        if (child != geometry && child != appearance) addSurplus(*child, shape);
+        if (child != geometry && child != appearance) addUnused(*child, shape, kPartsOfShape);
       }
       if (geometry == nullptr && !holdsReference(shape)) add(AuditKind::shapeWithoutGeometry, shape);
     }
@@ -206,7 +209,7 @@ class Auditor {
     for (const Node* child = appearance.getChildNodes(); child != nullptr; child = child->next()) {
       const bool isHidden = hasImage && child->isType(nodeType("PixelTexture"));
       if (isHidden || (kPartsOfAppearance.contains(child->getType()) && !isFirstOfItsType(*child, appearance))) {
-        addSurplus(*child, appearance);
+        addUnused(*child, appearance, kPartsOfAppearance);
       } else if (isNew(*child)) {
         addPartOfAppearance(*child, appearance);
       }
@@ -226,7 +229,7 @@ class Auditor {
     } else if (type == nodeType("TextureTransform")) {
       add(AuditKind::notConverted, part);
     } else {
-      addSurplus(part, appearance);
+      addUnused(part, appearance, kPartsOfAppearance);
     }
   }
 
@@ -246,7 +249,7 @@ class Auditor {
     if (!isNew(faceSet)) return;
     for (const Node* child = faceSet.getChildNodes(); child != nullptr; child = child->next()) {
       if (!kPartsOfFaceSet.contains(child->getType()) || !isFirstOfItsType(*child, faceSet))
-        addSurplus(*child, faceSet);
+        addUnused(*child, faceSet, kPartsOfFaceSet);
     }
     if (coordinates == nullptr) {
       add(AuditKind::noCoordinates, faceSet);
@@ -280,9 +283,11 @@ class Auditor {
     if (count > 0) m_notes.push_back({AuditKind::routes, "", "", "", count, 1});
   }
 
-  // A node beside the one of its kind that is used; of a reference the reader speaks.
-  void addSurplus(const Node& node, const Node& holder) {
-    if (!node.isInstanceNode()) add(AuditKind::surplusNode, node, 0, holder.getTypeName());
+  // A node beside the one of its kind that is used, or of a kind that is none of the holder's parts; of a reference the
+  // reader speaks.
+  void addUnused(const Node& node, const Node& holder, const NodeTypeSet& parts) {
+    if (node.isInstanceNode()) return;
+    add(parts.contains(node.getType()) ? AuditKind::surplusNode : AuditKind::strayNode, node, 0, holder.getTypeName());
   }
 
   void addCounted(AuditKind kind, const Node& node, std::int64_t count) {

@@ -21,6 +21,7 @@ enum class AuditKind : std::uint8_t {
   shapeWithoutGeometry,  // a Shape that has none
   misplacedNode,         // a geometry, an appearance or a part of one where no Shape uses it
   surplusNode,           // a second one where the first is taken; detail is the type that holds them
+  strayNode,             // a node of a type that its parent has no use for; detail is the parent's type
   noCoordinates,         // a face set without a Coordinate node
   facesOutOfRange,       // faces with an index that names no point
   degenerateFaces,       // faces of fewer than three corners
@@ -42,7 +43,7 @@ inline constexpr int kAuditKindCount = static_cast<int>(AuditKind::routes) + 1;
 struct AuditNote {
   AuditKind kind{};
   std::string nodeType;    // "" for routes
-  std::string defName;     // "" for nodes without one, and where a note sums up a type
+  std::string defName;     // "" for nodes without one, and for a field that is not used
   std::string detail;      // what the kind says, "" otherwise
   std::int64_t count = 0;  // faces, triangles, corners or routes
   std::int64_t nodes = 0;  // how many nodes the note stands for

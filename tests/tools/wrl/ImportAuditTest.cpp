@@ -61,6 +61,17 @@ const std::vector<Row> kRows = {
      "Shape { geometry Box { } appearance Appearance { texture ImageTexture { url \"a\" } "
      "texture PixelTexture { image 1 1 1 0 } } }",
      {"ImageTexture: image file \"a\" is not read", "PixelTexture is not used, its Appearance has another one"}},
+    {AuditKind::surplusNode,
+     "Shape { appearance Appearance { material Material { } material DEF m Material { } } geometry Box { } "
+     "appearance Appearance { } }",
+     {"Appearance is not used, its Shape has another one",
+      "Material \"m\" is not used, its Appearance has another one"}},
+    {AuditKind::strayNode,
+     "Shape { geometry DEF m Material { } } Shape { appearance Appearance { texture DEF g Group { } } geometry " +
+         faceSet("coordIndex [ 0 1 2 -1 ] normal DEF f FontStyle { }") + " }",
+     {"Material \"m\" is not used, its Shape has no place for it", "Shape has no geometry and gives nothing",
+      "Group \"g\" is not used, its Appearance has no place for it",
+      "FontStyle \"f\" is not used, its IndexedFaceSet has no place for it"}},
     {AuditKind::noCoordinates,
      shapeOf("IndexedFaceSet { coordIndex [ 0 1 2 -1 ] }"),
      {"IndexedFaceSet has no Coordinate and gives nothing"}},
@@ -90,7 +101,7 @@ const std::vector<Row> kRows = {
      {"IndexedFaceSet: texture coordinates of a shape without a texture dropped"}},
     {AuditKind::proxy,
      "Collision { proxy DEF p Shape { geometry Box { } } }",
-     {"Shape \"p\" is the proxy of a Collision and is not converted", "Collision: only its children are converted"}},
+     {"Collision: only its children are converted", "Shape \"p\" is the proxy of a Collision and is not converted"}},
     {AuditKind::fieldNotUsed,
      shapeOf("DEF c Cone { side FALSE }") + shapeOf("DEF d Cone { side FALSE bottom FALSE }") +
          shapeOf("Cylinder { top FALSE side FALSE bottom FALSE }") + "LOD { center 1 2 3 }",
@@ -103,18 +114,21 @@ const std::vector<Row> kRows = {
      {"ambientIntensity of Material is not used", "emissiveColor of Material is not used",
       "shininess of Material is not used", "specularColor of Material is not used",
       "convex of IndexedFaceSet is not used", "creaseAngle of IndexedFaceSet is not used"}},
-    {AuditKind::onlyChildren, "Anchor { url \"x\" }", {"Anchor: only its children are converted"}},
+    {AuditKind::onlyChildren,
+     "Anchor { url \"x\" } DEF door Anchor { } DEF wall Collision { } Anchor { }",
+     {"Anchor: only its children are converted (2 nodes)", "Anchor \"door\": only its children are converted",
+      "Collision \"wall\": only its children are converted"}},
     {AuditKind::notConverted,
      "PointLight { } DEF l PointLight { } Fog { } Group { children [ Script { } Sound { source AudioClip { } } ] "
      "}",
-     {"PointLight is not converted (2 nodes)", "Fog is not converted", "Script is not converted",
-      "Sound is not converted", "AudioClip is not converted"}},
+     {"PointLight is not converted", "PointLight \"l\" is not converted", "Fog is not converted",
+      "Script is not converted", "Sound is not converted", "AudioClip is not converted"}},
     {AuditKind::notConverted,
-     "Shape { appearance Appearance { textureTransform TextureTransform { } } geometry Box { } }",
-     {"TextureTransform is not converted"}},
+     "Shape { appearance Appearance { textureTransform DEF t TextureTransform { } } geometry Box { } }",
+     {"TextureTransform \"t\" is not converted"}},
     {AuditKind::routes,
      "DEF a TouchSensor { } DEF b PointLight { } ROUTE a.isActive TO b.set_on",
-     {"TouchSensor is not converted", "PointLight is not converted", "routes not converted: 1"}},
+     {"TouchSensor \"a\" is not converted", "PointLight \"b\" is not converted", "routes not converted: 1"}},
 };
 
 TEST(ImportAudit, names_what_is_dropped) {
@@ -184,9 +198,10 @@ TEST(ImportAudit, takes_texture_files_that_the_host_can_read) {
 }
 
 TEST(ImportAudit, puts_what_sums_up_a_type_last) {
-  const std::string world = "Fog { } " + shapeOf("Text { }") + " Anchor { } " + shapeOf("PointSet { }");
-  const std::vector<std::string> expected = {"Text is not converted", "PointSet is not converted",
-                                             "Fog is not converted", "Anchor: only its children are converted"};
+  const std::string world = "LOD { center 1 2 3 } " + shapeOf("Text { }") + shapeOf("DEF c Cone { side FALSE }") +
+                            " DEF f Fog { } " + shapeOf("Cone { side FALSE }");
+  const std::vector<std::string> expected = {"Text is not converted", "Fog \"f\" is not converted",
+                                             "center of LOD is not used", "side of Cone is not used (2 nodes)"};
   EXPECT_EQ(linesOf(audit(world)), expected);
 }
 
