@@ -21,8 +21,7 @@ void ModuleLoader::close() {
 bool ModuleLoader::open(const std::string& path) {
   close();
   m_errorText.clear();
-  // The module keeps defaults and textures for as long as its process, which nobody could free once its memory is gone.
-  m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (m_handle != nullptr) m_load = reinterpret_cast<LoadFn>(dlsym(m_handle, "loadModelWRL"));
   if (m_load == nullptr) {
     const char* reason = dlerror();

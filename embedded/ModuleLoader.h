@@ -10,8 +10,8 @@
 
 namespace embedded {
 
-// A loaded module, which can be called as long as this object lives. The module's memory stays to the end of the
-// process, and scenes that it made outlive this object. One call at a time.
+// A loaded module, which can be called as long as this object lives. Scenes that it made outlive this object: they are
+// the host's. One call at a time.
 class ModuleLoader {
  public:
   // Nothing loaded.

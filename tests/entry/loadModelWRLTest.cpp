@@ -3,7 +3,9 @@
 #include "entry/loadModelWRL.h"
 
 #include <VekSG/sglGroup.h>
+#include <VekSG/sglTexture2D.h>
 #include <VekSGdb/CVekDBRoot.h>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -72,6 +74,39 @@ TEST_F(EntryPoint, scenes_outlive_the_module) {
     database = module.loadModel(m_path, 0);
   }
   EXPECT_NE(database->GetSglRoot(), nullptr);
+}
+
+/// The module is not open yet.
+class ModuleFile : public EntryPoint {
+ protected:
+  void SetUp() override {}
+};
+
+TEST_F(ModuleFile, keeps_its_memory_from_one_opening_to_the_next) {
+  const embedded::MessageRecorder recorder(false);
+  static int readerCalls = 0;
+  readerCalls = 0;
+  embedded::loaderSettings().imageReader = [](const std::string& /*path*/, sglTexture2D* texture) {
+    ++readerCalls;
+    return texture->setImage(1, 1, sglTexture::FORMAT_RGB, {1, 2, 3});
+  };
+  // The reader takes any file for an image, the world too.
+  const std::string image = m_path.substr(m_path.rfind('/') + 1);
+  std::ofstream(m_path, std::ios::binary) << "#VRML V2.0 utf8\nShape { appearance Appearance { texture ImageTexture { "
+                                             "url \""
+                                          << image << "\" } } geometry Box { } }\nDEF v Viewpoint { }\nUSE v\n";
+  for (int i = 0; i < 5; ++i) {
+    // As plainly as a host can: without a wish that the module should stay.
+    void* const module = dlopen(MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    const auto load = reinterpret_cast<decltype(&loadModelWRL)>(dlsym(module, "loadModelWRL"));
+    ASSERT_NE(load, nullptr);
+    const std::unique_ptr<CVekDBRoot> database(load(m_path, 0));
+    EXPECT_EQ(dlclose(module), 0);
+    ASSERT_NE(database, nullptr);
+    EXPECT_NE(database->GetSglRoot(), nullptr);
+  }
+  EXPECT_EQ(readerCalls, 1) << "the texture cache must not end before the process";
 }
 
 TEST_F(EntryPoint, lets_nothing_out_that_a_host_function_throws) {
