@@ -8,7 +8,9 @@
 #include "vrml/nodes/Node.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "vrml/fields/FieldFactory.h"
@@ -25,9 +27,11 @@ namespace {
 constexpr std::string_view kSetPrefix = "set_";
 constexpr std::string_view kChangedSuffix = "_changed";
 
-// Never destroyed: a node may outlive what ends with the process.
-const std::string& noName() {
-  static const std::string& name = *new std::string;
+// Never destroyed: a node may outlive what ends with the process. Takes no memory from the heap: names are asked for
+// where nothing can be thrown.
+const std::string& noName() noexcept {
+  alignas(std::string) static std::byte place[sizeof(std::string)];
+  static const std::string& name = *new (place) std::string;
   return name;
 }
 
