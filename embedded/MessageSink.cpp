@@ -26,7 +26,13 @@ void send(const MessageSink& sink, unsigned level, std::string_view text) {
 
 void setMessageSink(MessageSink sink) { currentSink() = std::move(sink); }
 
-void sendMessage(unsigned level, std::string_view text) noexcept { send(currentSink(), level, text); }
+void sendMessage(unsigned level, std::string_view text) noexcept {
+  try {
+    send(currentSink(), level, text);
+  } catch (...) {
+    // Without memory for it the message is lost, and nothing else.
+  }
+}
 
 MessageRecorder::MessageRecorder(bool passOn) : m_previous(std::move(currentSink())) {
   currentSink() = [this, passOn](unsigned level, std::string_view text) {

@@ -15,7 +15,8 @@ struct Message {
   std::string text;    // unchanged, line ends included
 };
 
-// Receives every message: its level and its text, which holds only for the call. It must not throw.
+// Receives every message: its level and its text, which holds only for the call. A message during which it throws is
+// lost.
 using MessageSink = std::function<void(unsigned level, std::string_view text)>;
 
 // Sends messages to `sink` from now on; an empty one restores the default, standard error, text exactly as written.

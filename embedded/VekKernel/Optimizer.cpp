@@ -9,6 +9,7 @@
 #include <glm/geometric.hpp>
 #include <glm/matrix.hpp>
 #include <map>
+#include <memory>
 
 #include "embedded/Matrix.h"
 #include "embedded/SceneWalk.h"
@@ -120,7 +121,8 @@ class Collector : public embedded::SceneVisitor {
       std::unique_ptr<sglIndexedTriangleSet> set = m_tessellator.triangleSetOf(geode->getGeometry(i));
       if (set == nullptr) continue;
       mover.move(*set);
-      m_target.addGeometry(set.release());
+      m_target.addGeometry(set.get());
+      static_cast<void>(set.release());
     }
     return false;
   }
@@ -138,13 +140,14 @@ CVekOptimizer::~CVekOptimizer() = default;
 
 sglGroup* CVekOptimizer::FactorizeGraph(sglNode* root, CString name) {
   if (root == nullptr) return nullptr;
+  const std::unique_ptr<sglNode> graph(root);
   auto group = std::make_unique<sglGroup>();
   auto geode = std::make_unique<sglGeode>();
   group->setName(name);
   geode->setName(name);
   Collector collector(*geode);
   embedded::walkScene(root, embedded::SceneChoice::Shown, collector);
-  group->addChild(geode.release(), true);
-  delete root;
+  group->addChild(geode.get(), true);
+  static_cast<void>(geode.release());
   return group.release();
 }

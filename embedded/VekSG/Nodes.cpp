@@ -1,7 +1,8 @@
 // The nodes of the scene graph.
 //
 // Scenes may be hundreds of thousands of groups deep, so that a group never leaves the destruction of its children to
-// their own destructors: it collects everything below it on a list and destroys one childless node after the other.
+// their own destructors: it goes down to the last child of the last child and so on, destroys that one, and goes on
+// from the group above it. This takes no memory, so that a scene can be destroyed because there is none.
 
 #include <VekSG/sglBillboard.h>
 #include <VekSG/sglGeode.h>
@@ -29,17 +30,22 @@ sglNode::~sglNode() {
 sglGroup::sglGroup() = default;
 
 sglGroup::~sglGroup() {
-  std::vector<sglNode*> doomed;
-  doomed.swap(m_children);
-  while (!doomed.empty()) {
-    sglNode* node = doomed.back();
-    doomed.pop_back();
-    node->m_parent = nullptr;
-    if (auto* group = dynamic_cast<sglGroup*>(node)) {
-      doomed.insert(doomed.end(), group->m_children.begin(), group->m_children.end());
-      group->m_children.clear();
+  const auto takeLast = [](sglGroup& group) {
+    sglNode* const last = group.m_children.back();
+    group.m_children.pop_back();
+    last->m_parent = nullptr;
+    return last;
+  };
+  sglGroup* above = this;
+  while (above != this || !m_children.empty()) {
+    if (above->m_children.empty()) {
+      above = above->m_parent;
+      delete takeLast(*above);
+    } else if (auto* const group = dynamic_cast<sglGroup*>(above->m_children.back())) {
+      above = group;
+    } else {
+      delete takeLast(*above);
     }
-    delete node;
   }
 }
 

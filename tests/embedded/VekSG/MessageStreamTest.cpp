@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <locale>
+#include <new>
 
 #include "embedded/MessageSink.h"
 
@@ -71,6 +72,17 @@ TEST(MessageStream, ARecorderPassesOnWhenAskedAndRestoresTheSink) {
   { sglOStream(sglOStream::PRINT_WARNING).getOStream() << "c"; }
   embedded::setMessageSink({});
   EXPECT_EQ(seen, "1a2c");
+}
+
+TEST(MessageStream, ASinkThatThrowsLosesItsMessageAndNothingElse) {
+  int calls = 0;
+  embedded::setMessageSink([&calls](unsigned, std::string_view) {
+    ++calls;
+    throw std::bad_alloc();
+  });
+  { sglOStream(sglOStream::PRINT_WARNING).getOStream() << "lost"; }
+  embedded::setMessageSink({});
+  EXPECT_EQ(calls, 1);
 }
 
 }  // namespace
