@@ -66,7 +66,7 @@ void sglLoadFile_wrl::travShapeNode(sglGroup* parent, vrml::Node* shape) {
   if (const vrml::Node* appearance = shape->getFirstChild(vrml::nodeType("Appearance")))
     convertAppearance(*appearance, parts);
 
-  auto* const shared = dynamic_cast<sglGeode*>(parent->getChild(0));
+  auto* const shared = parent->getNumChildren() == 0 ? nullptr : dynamic_cast<sglGeode*>(parent->getChild(0));
   std::unique_ptr<sglGeode> fresh = shared == nullptr ? std::make_unique<sglGeode>() : nullptr;
   sglGeode* const geode = shared == nullptr ? fresh.get() : shared;
   if (!convertGeometry(*geometry, *geode, parts)) return;

@@ -1,7 +1,7 @@
 // The load sequence: parse, once more under the path that the host's search finds, convert, report, merge, wrap.
 //
-// Running out of memory, or an exception of a host's hook, ends a load like a file that cannot be parsed: with the
-// error report and a database without a scene.
+// Running out of memory, or an exception of the host's, ends a load like a file that cannot be parsed: with the error
+// report and a database without a scene.
 
 #include "import/sglLoadFile_wrl.h"
 
@@ -17,9 +17,8 @@
 #include "vrml/nodes/RootNode.h"
 #include "vrml/reader/SceneGraph.h"
 
-sglLoadFile_wrl::sglLoadFile_wrl()
-    : m_tessellation(sglModelLoader::GetIORefinement() * 1.5F + 0.5F),
-      m_callback(sglModelLoader::getCallback("wrl", &m_callbackData)) {
+sglLoadFile_wrl::sglLoadFile_wrl() : m_tessellation(sglModelLoader::GetIORefinement() * 1.5F + 0.5F) {
+  m_callback = sglModelLoader::getCallback("wrl", &m_callbackData);
   // The host is asked for the options of the kind, and none of them is known here.
   static_cast<void>(sglModelLoader::getOptionString("wrl"));
 }
@@ -27,8 +26,8 @@ sglLoadFile_wrl::sglLoadFile_wrl()
 sglLoadFile_wrl::~sglLoadFile_wrl() = default;
 
 CVekDBRoot* sglLoadFile_wrl::loadFile(const std::string& path, unsigned /*flags*/) {
-  std::unique_ptr<sglNode> root = loadSceneOrReport(path);
-  if (sglModelLoader::GetIOMergeFileInOneActor()) root = merged(std::move(root));
+  std::unique_ptr<sglNode> root = orReport(path, [&] { return loadScene(path); });
+  root = orReport(path, [&] { return mergedIfWanted(std::move(root)); });
   auto database = std::make_unique<CVekDBRoot>();
   database->SetSglRoot(root.release());
   return database.release();
@@ -38,9 +37,10 @@ void sglLoadFile_wrl::buildScene(sglGroup* parent, vrml::Node* first) {
   for (vrml::Node* node = first; node != nullptr; node = node->next()) travNode(parent, node);
 }
 
-std::unique_ptr<sglNode> sglLoadFile_wrl::loadSceneOrReport(const std::string& path) {
+template <class Step>
+std::unique_ptr<sglNode> sglLoadFile_wrl::orReport(const std::string& path, Step step) const {
   try {
-    return loadScene(path);
+    return step();
   } catch (...) {
     printLoadError(path);
     return nullptr;
@@ -93,7 +93,8 @@ void sglLoadFile_wrl::reportStart(const std::string& path) {
   if (const auto progress = sglModelLoader::GetCallbackProgress()) progress(0.0F, text.c_str());
 }
 
-std::unique_ptr<sglNode> sglLoadFile_wrl::merged(std::unique_ptr<sglNode> root) {
+std::unique_ptr<sglNode> sglLoadFile_wrl::mergedIfWanted(std::unique_ptr<sglNode> root) {
+  if (!sglModelLoader::GetIOMergeFileInOneActor()) return root;
   CVekOptimizer optimizer;
   return std::unique_ptr<sglNode>(optimizer.FactorizeGraph(root.release(), ""));  // it takes the graph over
 }

@@ -55,8 +55,8 @@ class sglLoadFile_wrl {
   /// cannot be loaded under it is looked for once more by the host's file search. `flags` changes nothing.
   ///
   /// Always returns a database, which belongs to the caller; it has no scene when the load failed or the file holds
-  /// nothing that can be shown. Throws only when there is no memory left for the empty database itself. The content of
-  /// the file need not be trusted.
+  /// nothing that can be shown. Throws only when there is no memory left for an error report or for the empty database
+  /// itself. The content of the file need not be trusted.
   [[nodiscard]] CVekDBRoot* loadFile(const std::string& path, unsigned flags);
 
   /// Converts a chain of siblings in order and appends what comes of them to `parent`.
@@ -65,13 +65,16 @@ class sglLoadFile_wrl {
  protected:
   // The load sequence (sglLoadFile_wrl.cpp).
 
+  /// The scene that a step of the load gives; null, with the error report, when the step throws.
+  template <class Step>
+  [[nodiscard]] std::unique_ptr<sglNode> orReport(const std::string& path, Step step) const;
+
   /// The scene of a file, null when there is none. What went wrong, or that there is nothing, has been reported.
-  [[nodiscard]] std::unique_ptr<sglNode> loadSceneOrReport(const std::string& path);
   [[nodiscard]] std::unique_ptr<sglNode> loadScene(const std::string& path);
   static void reportStart(const std::string& path);
   [[nodiscard]] bool parse(const std::string& path);
   void printLoadError(const std::string& path) const;
-  [[nodiscard]] static std::unique_ptr<sglNode> merged(std::unique_ptr<sglNode> root);
+  [[nodiscard]] static std::unique_ptr<sglNode> mergedIfWanted(std::unique_ptr<sglNode> root);
 
   // The block of figures that follows a conversion (Statistics.cpp).
 
@@ -148,9 +151,9 @@ class sglLoadFile_wrl {
   bool m_alphaTest = true;  // test alpha where it would be blended otherwise
   float m_alphaRef = 0.5F;
   bool m_spareFlag6 = true;
-  float m_tessellation;            // how finely primitives are cut
-  void* m_callbackData = nullptr;  // filled when the hook is asked for
-  sglModelLoader::CallbackFn m_callback;
+  float m_tessellation;                             // how finely primitives are cut
+  sglModelLoader::CallbackFn m_callback = nullptr;  // the host's hook, null without one
+  void* m_callbackData = nullptr;                   // what the hook is handed back
 
   // Counters of the statistics block. They stop at the largest number.
   std::array<std::int32_t, 6> m_spareCounters{};

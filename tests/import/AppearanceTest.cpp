@@ -113,6 +113,13 @@ TEST_F(Appearance, in_colour_material_mode_the_drawables_colours_count) {
            [](OpenLoader& loader) { loader.m_colorMaterial = true; });
   EXPECT_EQ(dumpStates(loaded.drawable(0)), "Lighting Material<mode 1032 5634>");
   EXPECT_EQ(dumpStates(loaded.drawable(1)), "Lighting Material<mode 1032 5634>");
+  const sglRef<sglMaterial> fresh = new sglMaterial;
+  const auto& material = dynamic_cast<const sglMaterial&>(*loaded.drawable(0)->getState(0)->getStatelets()[1]);
+  EXPECT_EQ(material.getFrontDiffuse(), fresh->getFrontDiffuse());
+  EXPECT_EQ(material.getFrontAmbient(), fresh->getFrontAmbient());
+  EXPECT_EQ(material.getFrontSpecular(), fresh->getFrontSpecular());
+  EXPECT_EQ(material.getFrontShininess(), fresh->getFrontShininess());
+  EXPECT_EQ(material.getFrontAlpha(), fresh->getFrontAlpha());
   EXPECT_EQ(importtest::dumpList(dynamic_cast<const sglGeoSet&>(*loaded.drawable(1)).getColorList()), "0.8 0.8 0.8 1");
   EXPECT_EQ(loaded.statistic("Num Materials"), 2);
 }
@@ -120,6 +127,18 @@ TEST_F(Appearance, in_colour_material_mode_the_drawables_colours_count) {
 TEST_F(Appearance, materials_are_counted_for_each_shape_that_has_one) {
   const std::string used = shape("material USE m");
   EXPECT_EQ(load(shape("material DEF m Material { }") + used + used).statistic("Num Materials"), 3);
+}
+
+TEST_F(Appearance, every_shape_has_states_of_its_own_but_for_cached_textures) {
+  cache("t", sglTexture::FORMAT_RGBA);
+  const Loaded loaded = load("DEF s " + shape("material Material { } texture ImageTexture { url \"t\" }") + "USE s");
+  const sglStateletList& first = loaded.drawable(0)->getState(0)->getStatelets();
+  const sglStateletList& second = loaded.drawable(1)->getState(0)->getStatelets();
+  ASSERT_EQ(dumpStates(loaded.drawable(0)),
+            "Lighting Material<0.8 0.8 0.8 / 1> AlphaTest<516 0.5> Texture2D TexEnv<8448>");
+  ASSERT_EQ(second.size(), first.size());
+  constexpr std::size_t kTexture = 3;
+  for (std::size_t i = 0; i < first.size(); ++i) EXPECT_EQ(first[i].get() == second[i].get(), i == kTexture) << i;
 }
 
 TEST_F(Appearance, a_pixel_texture_has_the_loaders_settings) {

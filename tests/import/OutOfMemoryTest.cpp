@@ -1,8 +1,10 @@
-// Loads during which one allocation fails, each in turn. Nothing may crash or leak, and a database comes of every load.
+// Loads during which memory runs out, at each allocation in turn: for that one alone, and for good. Nothing may crash
+// or leak.
 
 #include <cstdlib>
 #include <new>
 
+#include "embedded/LoaderSettings.h"
 #include "embedded/MessageSink.h"
 #include "tests/import/ImportTest.h"
 
@@ -11,8 +13,14 @@ namespace {
 /// Counts down to the allocation that fails; 0 fails none.
 long countdown = 0;
 
+/// Whether all allocations behind that one fail too.
+bool isForGood = false;
+
 void* allocate(std::size_t size) {
-  if (countdown > 0 && --countdown == 0) throw std::bad_alloc();
+  if (countdown > 0 && (countdown == 1 || --countdown == 0)) {
+    if (!isForGood) countdown = 0;
+    throw std::bad_alloc();
+  }
   if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
   throw std::bad_alloc();
 }
@@ -33,41 +41,91 @@ using importtest::faceSet;
 using importtest::OpenLoader;
 using importtest::shape;
 
-class OutOfMemory : public importtest::ImportTest {};
+class OutOfMemory : public importtest::ImportTest {
+ protected:
+  OutOfMemory() {
+    m_path = writeWorld(
+        "DEF aNameThatIsTooLongForAnyStringToKeepInItself Group { children [ Transform { children [ " +
+        faceSet("coordIndex [ 0 1 2 3 -1 ] normal Normal { vector [ 0 0 1 ] } color Color { color [ 1 0 0 ] }"
+                "texCoord TextureCoordinate { point [ 0 0 ] }",
+                "material Material { } texture PixelTexture { image 1 1 4 5 }") +
+        shape("texture ImageTexture { url \"missing.gif\" }", "Box { }") + " ] } " +
+        "LOD { range [ 1 2 ] level Billboard { } } Switch { } Anchor { children " + shape("", "Sphere { }") +
+        " } ] } " + "DEF b Transform { } USE b");
+  }
+
+  /// What a load gave during which the allocation of this number failed. `hasFailed` is false when there are fewer.
+  struct Outcome {
+    std::unique_ptr<CVekDBRoot> database;
+    bool hasFailed = false;
+  };
+
+  [[nodiscard]] Outcome loadFailingAt(long number, bool forGood) const {
+    Outcome outcome;
+    embedded::setMessageSink([](unsigned, std::string_view) {});
+    isForGood = forGood;
+    countdown = number;
+    try {
+      OpenLoader loader;
+      outcome.database.reset(loader.loadFile(m_path, 0));
+    } catch (const std::bad_alloc&) {
+    }
+    outcome.hasFailed = countdown <= 1;
+    countdown = 0;
+    embedded::setMessageSink({});
+    return outcome;
+  }
+
+  std::string m_path;
+};
+
+constexpr long kMostAllocations = 100000;
 
 TEST_F(OutOfMemory, ends_a_load_like_a_file_that_cannot_be_parsed) {
-  const std::string path =
-      writeWorld("DEF aNameThatIsTooLongForAnyStringToKeepInItself Group { children [ Transform { children [ " +
-                 faceSet("coordIndex [ 0 1 2 3 -1 ] normal Normal { vector [ 0 0 1 ] } color Color { color [ 1 0 0 ] }"
-                         "texCoord TextureCoordinate { point [ 0 0 ] }",
-                         "material Material { } texture PixelTexture { image 1 1 4 5 }") +
-                 shape("texture ImageTexture { url \"missing.gif\" }", "Box { }") + " ] } " +
-                 "LOD { range [ 1 2 ] level Billboard { } } Switch { } Anchor { children " + shape("", "Sphere { }") +
-                 " } ] } " + "DEF b Transform { } USE b");
   bool failed = true;
   std::size_t scenes = 0;
   std::size_t withoutDatabase = 0;
   for (long number = 1; failed; ++number) {
-    std::unique_ptr<CVekDBRoot> database;
-    embedded::setMessageSink([](unsigned, std::string_view) {});
-    countdown = number;
-    try {
-      OpenLoader loader;
-      database.reset(loader.loadFile(path, 0));
-    } catch (const std::bad_alloc&) {
-    }
-    failed = countdown == 0;
-    countdown = 0;
-    embedded::setMessageSink({});
-    if (failed && !database) ++withoutDatabase;
-    if (failed && database && database->GetSglRoot() != nullptr) ++scenes;
+    const Outcome outcome = loadFailingAt(number, false);
+    failed = outcome.hasFailed;
+    if (failed && !outcome.database) ++withoutDatabase;
+    if (failed && outcome.database && outcome.database->GetSglRoot() != nullptr) ++scenes;
     if (!failed) {
-      EXPECT_NE(database->GetSglRoot(), nullptr);
+      EXPECT_NE(outcome.database->GetSglRoot(), nullptr);
     }
-    ASSERT_LT(number, 100000);
+    ASSERT_LT(number, kMostAllocations);
   }
   EXPECT_LE(withoutDatabase, 2U) << "only the loader itself and the database must have memory";
   EXPECT_LE(scenes, 100U) << "messages may be lost, nodes must not";
+}
+
+TEST_F(OutOfMemory, for_good_gives_a_scene_or_none) {
+  bool failed = true;
+  for (long number = 1; failed; ++number) {
+    const Outcome outcome = loadFailingAt(number, true);
+    failed = outcome.hasFailed;
+    ASSERT_LT(number, kMostAllocations);
+  }
+}
+
+TEST_F(OutOfMemory, leaves_nothing_of_what_is_vetoed_or_merged) {
+  embedded::loaderSettings().hooks["wrl"].function = [](sglNode* node, void*, const std::string& event, void*) {
+    return event != "onCreate:sglTransform" || node->getName() == "b";
+  };
+  embedded::loaderSettings().mergeInOneActor = true;
+  for (const bool forGood : {false, true}) {
+    bool failed = true;
+    std::size_t withoutDatabase = 0;
+    for (long number = 1; failed; ++number) {
+      const Outcome outcome = loadFailingAt(number, forGood);
+      failed = outcome.hasFailed;
+      if (!outcome.database) ++withoutDatabase;
+      ASSERT_LT(number, kMostAllocations);
+    }
+    if (!forGood) {
+      EXPECT_LE(withoutDatabase, 2U);
+    }
+  }
 }
 
 }  // namespace

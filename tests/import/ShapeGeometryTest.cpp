@@ -47,6 +47,11 @@ TEST_F(ShapeGeometry, puts_shapes_into_geodes) {
       {"a face set without coordinates in a group",
        "Group { children [ " + s + shape("", "IndexedFaceSet { }") + " ] }", "Transform(Group(Geode{0 1 2}))",
        "2[No Coordinate Nodes in IndexedFaceSet\n]"},
+      {"the first of two geometries", "Shape { geometry Box { } geometry Sphere { } }",
+       "Transform(Transform(Geode{Cube<2 2 2>}))", ""},
+      {"an appearance behind its geometry, converted before it",
+       "Shape { geometry PointSet { } appearance Appearance { texture ImageTexture { url \"x\" } } }",
+       "Transform(Geode{})", "2[Texture: x not found.\n]2[PointSetNodes not yet supported.\n]"},
       {"no face is closed", faceSet("coordIndex [ 0 1 2 ]"), "Transform(Geode{})", ""},
       {"no index", faceSet(""), "Transform(Geode{})", ""},
       {"no points", shape("", "IndexedFaceSet { coord Coordinate { } coordIndex [ 0 1 2 -1 ] }"), "Transform(Geode{})",
@@ -78,6 +83,20 @@ TEST_F(ShapeGeometry, counts_faces_triangles_and_materials) {
   EXPECT_EQ(loaded.statistic("Num S.Polygons"), 1);
   EXPECT_EQ(loaded.statistic("Num Indep Tris"), 7);
   EXPECT_EQ(loaded.statistic("Num Strips"), 0);
+  EXPECT_EQ(loaded.statistic("Num Materials"), 1);
+}
+
+TEST_F(ShapeGeometry, without_a_geometry_an_appearance_is_not_converted) {
+  const Loaded loaded =
+      load("Shape { appearance Appearance { material Material { } texture ImageTexture { url \"x\" } } } Group { }");
+  EXPECT_EQ(loaded.report(), "");
+  EXPECT_EQ(loaded.statistic("Num Materials"), 0);
+}
+
+TEST_F(ShapeGeometry, without_coordinates_an_appearance_is_converted_all_the_same) {
+  const Loaded loaded =
+      load(shape("material Material { } texture ImageTexture { url \"x\" }", "IndexedFaceSet { }") + "Group { }");
+  EXPECT_EQ(loaded.report(), "2[Texture: x not found.\n]2[No Coordinate Nodes in IndexedFaceSet\n]");
   EXPECT_EQ(loaded.statistic("Num Materials"), 1);
 }
 

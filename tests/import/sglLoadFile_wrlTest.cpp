@@ -137,6 +137,18 @@ TEST_F(LoadFile, looks_once_more_where_the_host_finds_the_file) {
   EXPECT_EQ(readPath, pathOf("library/dot.img"));
 }
 
+TEST_F(LoadFile, takes_nothing_of_a_broken_file_when_another_is_found) {
+  const std::string broken = writeWorld(
+      "DEF x Group { children [ LOD { } " + shape("material Material { }", "Cone { }") + "nonsense", "a.wrl");
+  writeWorld(triangleShape() + "USE x", "library/a.wrl");
+  embedded::loaderSettings().searchFolders = {pathOf("library")};
+  const Loaded loaded = loadPath(broken);
+  EXPECT_EQ(loaded.text(), "Transform(Geode{0 1 2})");
+  EXPECT_EQ(loaded.statistic("Num Materials"), 0);
+  EXPECT_EQ(loaded.messages[0].text, "-- Statistics for: " + broken + " ---\n");
+  EXPECT_EQ(loaded.report(), "");
+}
+
 TEST_F(LoadFile, searches_textures_beside_the_file_that_loaded) {
   const std::string path = writeWorld(triangleShape(), "sub/dir/a.wrl");
   embedded::MessageRecorder recorder(false);
