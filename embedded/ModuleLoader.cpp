@@ -5,9 +5,28 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
+#include <system_error>
+
 #include "embedded/Paths.h"
 
 namespace embedded {
+
+namespace {
+
+constexpr const char* kModuleName = "modelwrl.so";
+
+// A build leaves the module in the host library's own folder. An installed one stands in a folder of the project's,
+// since a library folder is for what programs link with.
+std::string modulePathIn(const std::string& folder) {
+  std::string beside = folder + kModuleName;
+  std::string installed = folder + "wrl/" + kModuleName;
+  std::error_code ignored;
+  const bool isInstalled = !std::filesystem::exists(beside, ignored) && std::filesystem::exists(installed, ignored);
+  return isInstalled ? installed : beside;
+}
+
+}  // namespace
 
 ModuleLoader::~ModuleLoader() { close(); }
 
@@ -44,13 +63,12 @@ bool ModuleLoader::writeModel(const std::string& path, CVekStager* stager) const
 }
 
 std::string ModuleLoader::pathBesideHost() {
-  constexpr const char* kModuleName = "modelwrl.so";
   static const char anchor = 0;  // something whose address lies in the host library
   Dl_info info{};
   if (dladdr(&anchor, &info) == 0 || info.dli_fname == nullptr) return kModuleName;
   const std::string host = info.dli_fname;
   const std::size_t slash = lastSlash(host);
-  return slash == std::string::npos ? std::string("./") + kModuleName : host.substr(0, slash + 1) + kModuleName;
+  return modulePathIn(slash == std::string::npos ? "./" : host.substr(0, slash + 1));
 }
 
 }  // namespace embedded

@@ -38,7 +38,7 @@ class ModuleLoader {
   // Whether a file came of it is to be seen on the disk.
   bool writeModel(const std::string& path, CVekStager* stager) const;
 
-  // The module file that stands beside the host library.
+  // The module file that stands beside the host library, or, where it is installed, in the folder "wrl" there.
   [[nodiscard]] static std::string pathBesideHost();
 
  private:
