@@ -3,7 +3,11 @@
 #include <VekFoundations/CVekIO.h>
 
 #include <filesystem>
+#include <fstream>
+#include <system_error>
 
+#include "embedded/FileCopy.h"
+#include "embedded/FileErrors.h"
 #include "embedded/Paths.h"
 
 namespace {
@@ -49,7 +53,9 @@ bool CVekIO::CreateDirectoryA(const CString& path, bool withParents) {
   } else {
     std::filesystem::create_directory(native, error);
   }
-  return IsDirectory(native);
+  if (IsDirectory(native)) return true;
+  embedded::reportFileError(native, true, error ? error.message() : "Not a directory");
+  return false;
 }
 
 bool CVekIO::IsFile(const CString& path) {
@@ -58,8 +64,14 @@ bool CVekIO::IsFile(const CString& path) {
 }
 
 bool CVekIO::CopyFileA(const CString& from, const CString& to) {
-  if (!IsFile(from)) return false;
-  std::error_code error;
-  const auto options = std::filesystem::copy_options::overwrite_existing;
-  return std::filesystem::copy_file(embedded::nativePath(from), embedded::nativePath(to), options, error) && !error;
+  const CString source = embedded::nativePath(from);
+  if (!IsFile(source) || !std::ifstream(source)) {
+    embedded::reportFileError(source, false, "cannot be read");
+    return false;
+  }
+  const CString target = embedded::nativePath(to);
+  const int error = embedded::copyFile(source, target);
+  if (error == 0) return true;
+  embedded::reportFileError(target, true, std::generic_category().message(error));
+  return false;
 }

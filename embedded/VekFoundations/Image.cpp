@@ -2,6 +2,8 @@
 
 #include <VekFoundations/CVekImage.h>
 
+#include "embedded/FileErrors.h"
+#include "embedded/Paths.h"
 #include "embedded/images/ImageFile.h"
 
 bool CVekImage::LoadImageA(const CString& path, bool flip) {
@@ -9,7 +11,10 @@ bool CVekImage::LoadImageA(const CString& path, bool flip) {
   m_height = 0;
   m_pixels.clear();
   embedded::Raster raster;
-  if (!embedded::readImageFile(path, raster)) return false;
+  if (!embedded::readImageFile(path, raster)) {
+    embedded::reportFileError(embedded::nativePath(path), false, "holds no image that can be read");
+    return false;
+  }
   m_width = raster.width;
   m_height = raster.height;
   m_pixels.resize(std::size_t{m_width} * m_height * 3);

@@ -6,9 +6,12 @@
 #include <VekSG/sglTexture2D.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <span>
+#include <system_error>
 
+#include "embedded/FileErrors.h"
 #include "embedded/Paths.h"
 #include "embedded/images/ImageCodecs.h"
 
@@ -30,10 +33,13 @@ bool readFile(const std::string& path, Bytes& bytes) {
 }
 
 bool writeFile(const std::string& path, const Bytes& bytes) {
+  errno = 0;
   std::ofstream file(nativePath(path), std::ios::binary | std::ios::trunc);
   file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   file.close();
-  return !file.fail();
+  if (!file.fail()) return true;
+  reportFileError(nativePath(path), true, std::generic_category().message(errno != 0 ? errno : EIO));
+  return false;
 }
 
 bool beginsWith(const Bytes& bytes, std::string_view sign) {
