@@ -19,6 +19,8 @@ std::string_view fileNameOf(std::string_view path) {
   return slash == std::string_view::npos ? path : path.substr(slash + 1);
 }
 
+std::string folderOf(std::string_view path) { return std::string(path.substr(0, lastSlash(path) + 1)); }
+
 bool isAbsolutePath(std::string_view path) {
   if (path.empty()) return false;
   if (path[0] == '/' || path[0] == '\\') return true;

@@ -17,6 +17,9 @@ namespace embedded {
 // What stands behind the last slash of either kind.
 [[nodiscard]] std::string_view fileNameOf(std::string_view path);
 
+// What stands before that, the slash included; "" when there is none.
+[[nodiscard]] std::string folderOf(std::string_view path);
+
 // Whether the path begins at the root or with a drive letter.
 [[nodiscard]] bool isAbsolutePath(std::string_view path);
 

@@ -14,7 +14,10 @@ namespace embedded {
 // Writes the stager's assembly, camera, views and background. Numbers have the fewest digits that give the same number
 // back, infinities and not-a-number are null, bytes that are not UTF-8 become U+FFFD. One line a node at most. Whether
 // everything could be written is to be asked of the stream.
-void writeStageDocument(std::ostream& out, const CVekStager& stager);
+//
+// `folder` is where the document will stand, "" for the current folder: the relative paths of textures, which are
+// relative to the current one, are written so that they are found from there.
+void writeStageDocument(std::ostream& out, const CVekStager& stager, const std::string& folder = "");
 
 // What is wrong with a stage document.
 struct StageError {

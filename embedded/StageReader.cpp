@@ -384,8 +384,7 @@ std::unique_ptr<CVekStager> readStageFile(const std::string& path, StageError& e
     error = {0, "the file cannot be read"};
     return nullptr;
   }
-  const std::size_t slash = lastSlash(path);
-  return readStageDocument(text, slash == std::string::npos ? "" : path.substr(0, slash + 1), error);
+  return readStageDocument(text, folderOf(path), error);
 }
 
 }  // namespace embedded

@@ -8,18 +8,32 @@
 #include <VekSG/sglGeode.h>
 #include <VekSG/sglTexture2D.h>
 
+#include <filesystem>
+
 #include "embedded/AssemblyWalk.h"
 #include "embedded/DrawableText.h"
 #include "embedded/JsonWriter.h"
+#include "embedded/Paths.h"
 #include "embedded/StageDocument.h"
 #include "embedded/StageProperties.h"
 
 namespace embedded {
 namespace {
 
+// A path as it is written in a document of that folder: relative if it leads to that folder or below, otherwise
+// absolute, since the way up from a folder is not the way down to it where there are links.
+std::string pathFrom(const std::string& folder, const std::string& path) {
+  if (folder.empty() || path.empty() || isAbsolutePath(path)) return path;
+  const auto whole = [](const std::string& name) {
+    return std::filesystem::absolute(nativePath(name)).lexically_normal();
+  };
+  const std::filesystem::path relative = whole(path).lexically_relative(whole(folder + "/."));
+  return relative.empty() || *relative.begin() == ".." ? whole(path).string() : relative.string();
+}
+
 class AssemblyWriter : public AssemblyVisitor {
  public:
-  explicit AssemblyWriter(JsonWriter& json) : m_json(json) {}
+  AssemblyWriter(JsonWriter& json, const std::string& folder) : m_json(json), m_folder(folder) {}
 
   bool enter(const CVekAssyNode* node, const glm::dmat4&) override {
     m_json.lineBreak();
@@ -66,7 +80,7 @@ class AssemblyWriter : public AssemblyVisitor {
     writeGeode(dynamic_cast<const sglGeode*>(actor.GetPresentable()));
     if (const auto* path = propertyOf<CVekPropPath>(actor.GetProperties(), kMapPath)) {
       m_json.key("mapPath");
-      m_json.text(path->GetValue());
+      m_json.text(pathFrom(m_folder, path->GetValue()));
     }
     if (const CVekTexture* texture = actor.GetTexture(0)) {
       m_json.key("texture");
@@ -106,6 +120,7 @@ class AssemblyWriter : public AssemblyVisitor {
   }
 
   JsonWriter& m_json;
+  const std::string& m_folder;
 };
 
 void writeCamera(JsonWriter& json, const CVekCamera* camera) {
@@ -170,11 +185,11 @@ void writeBackground(JsonWriter& json, const CVekRenderer& renderer) {
 
 }  // namespace
 
-void writeStageDocument(std::ostream& out, const CVekStager& stager) {
+void writeStageDocument(std::ostream& out, const CVekStager& stager, const std::string& folder) {
   JsonWriter json(out);
   const CVekAssyRoot* root = stager.GetSceneManager()->GetAssyRoot();
   const CVekViewport* viewport = stager.GetViewportManager()->GetViewportSelected();
-  AssemblyWriter writer(json);
+  AssemblyWriter writer(json, folder);
   json.beginObject();
   json.key("assembly");
   if (root == nullptr) json.null();

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 #include <sstream>
 
 #include "embedded/StageProperties.h"
@@ -170,6 +171,34 @@ TEST(StageDocument, PathsAreRelativeToTheDocument) {
   }
   EXPECT_EQ(embedded::propertyOf<CVekPropPath>(actorOf(*read(withMesh(""))).GetProperties(), embedded::kMapPath),
             nullptr);
+}
+
+TEST(StageDocument, PathsAreWrittenForTheFolderOfTheDocument) {
+  const std::string here = std::filesystem::current_path().string();
+  struct Row {
+    const char* path;
+    const char* folder;
+    std::string expected;
+  };
+  const Row rows[] = {
+      {"dir/wood.jpg", "", "dir/wood.jpg"},
+      {"dir/wood.jpg", "dir/", "wood.jpg"},
+      {"dir/maps/wood.jpg", "./dir/", "maps/wood.jpg"},
+      {"dir\\\\wood.jpg", "dir/", "wood.jpg"},
+      {"dir/wood.jpg", "other/", here + "/dir/wood.jpg"},
+      {"dir/../wood.jpg", "dir/", here + "/wood.jpg"},
+      {"directory/wood.jpg", "dir/", here + "/directory/wood.jpg"},
+      {"/abs/wood.jpg", "/abs/", "/abs/wood.jpg"},
+      {"C:\\\\a.png", "dir/", "C:\\\\a.png"},
+      {"", "dir/", ""},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::string(row.path) + " from " + row.folder);
+    const auto stager = read(withMesh(R"(, "mapPath": ")" + std::string(row.path) + "\""));
+    std::ostringstream out;
+    embedded::writeStageDocument(out, *stager, row.folder);
+    EXPECT_NE(out.str().find("\"mapPath\":\"" + row.expected + "\""), std::string::npos) << out.str();
+  }
 }
 
 TEST(StageDocument, TexturesLieInTheFirstSlot) {

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "embedded/Paths.h"
 #include "embedded/StageDocument.h"
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Command.h"
@@ -32,7 +33,7 @@ class StageCommand : public Command {
     const LoadedStage stage = loadStage(m_file, m_options);
     if (stage.stager == nullptr) return ExitStatus::failed;
     Output output(m_output);
-    embedded::writeStageDocument(output.stream(), *stage.stager);
+    embedded::writeStageDocument(output.stream(), *stage.stager, embedded::folderOf(m_output));
     const bool delivered = output.finishOrReport();
     return delivered && !stage.failed ? ExitStatus::done : ExitStatus::failed;
   }
