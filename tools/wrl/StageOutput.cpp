@@ -3,12 +3,18 @@
 #include "tools/wrl/StageOutput.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <set>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
+#include "embedded/FileErrors.h"
 #include "embedded/Paths.h"
 #include "embedded/StageDocument.h"
+#include "tools/wrl/Delivery.h"
 #include "tools/wrl/Descriptors.h"
 #include "tools/wrl/Module.h"
 #include "tools/wrl/Output.h"
@@ -17,9 +23,58 @@ namespace wrl {
 
 namespace {
 
-std::string folderOf(const std::string& path) {
-  const std::size_t slash = embedded::lastSlash(path);
-  return slash == std::string::npos ? "" : path.substr(0, slash + 1);
+namespace fs = std::filesystem;
+
+using embedded::folderOf;
+
+constexpr const char* kTextures = "Textures";
+
+// The module copies a texture that is a JPEG file only where there is no file of that name yet. So the names of the
+// files that stand at the output's place must be there where the module writes: as empty files, which go again unless
+// the module wrote them.
+class PlacedTextures {
+ public:
+  explicit PlacedTextures(const WriteJob& job) {
+    const std::string folder = folderOf(job.path);
+    if (folder == job.folder) return;
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(job.folder + kTextures, error)) {
+      if (!entry.is_regular_file(error)) continue;
+      fs::create_directory(folder + kTextures, error);
+      m_names.push_back(folder + kTextures + "/" + entry.path().filename().string());
+      std::ofstream(m_names.back(), std::ios::binary);
+    }
+  }
+  ~PlacedTextures() {
+    std::error_code error;
+    for (const std::string& name : m_names) {
+      if (fs::is_empty(name, error)) fs::remove(name, error);
+    }
+  }
+  PlacedTextures(const PlacedTextures&) = delete;
+  PlacedTextures& operator=(const PlacedTextures&) = delete;
+
+ private:
+  std::vector<std::string> m_names;
+};
+
+// The first file beside the output that could not be written, and why; "" when there is none.
+std::string writingError(const embedded::FileErrorLog& log, const std::string& folder) {
+  for (const embedded::FileError& error : log.errors()) {
+    if (!error.isWriting) continue;
+    const bool isBeside = error.path.starts_with(folder);
+    return error.path.substr(isBeside ? folder.size() : 0) + ": " + error.reason;
+  }
+  return "";
+}
+
+// Names each source once that is missing from what was written.
+void reportMissing(const embedded::FileErrorLog& log, const std::string& path) {
+  std::set<std::string_view> named;
+  for (const embedded::FileError& error : log.errors()) {
+    if (error.isWriting || !named.insert(error.path).second) continue;
+    std::cerr << path << ": note: texture " << error.path << ' ' << error.reason << '\n';
+  }
 }
 
 }  // namespace
@@ -29,6 +84,7 @@ std::string writeWorld(const WriteJob& job) {
   embedded::ModuleLoader module;
   if (!openModule(module)) return "there is no module to write it";
   if (!module.canWrite()) return "the module cannot write";
+  const PlacedTextures placed(job);
   const StandardOutputAside aside;
   // The module's promise: zero when the whole file is written.
   errno = 0;
@@ -38,13 +94,22 @@ std::string writeWorld(const WriteJob& job) {
 
 std::string writeStage(const WriteJob& job) {
   Output output(job.path);
-  embedded::writeStageDocument(output.stream(), job.stager);
+  embedded::writeStageDocument(output.stream(), job.stager, job.folder);
   return output.finish() ? "" : output.reason();
 }
 
 bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager) {
-  const std::string error = format.write({stager, path, folderOf(path)});
-  if (!error.empty()) std::cerr << path << ": error: " << error << '\n';
+  Delivery delivery(path);
+  const embedded::FileErrorLog log;
+  std::string error = delivery.error();
+  if (error.empty()) error = format.write({stager, delivery.path(), delivery.folder()});
+  if (error.empty()) error = writingError(log, folderOf(delivery.path()));
+  if (error.empty()) error = delivery.finish();
+  if (error.empty()) {
+    reportMissing(log, path);
+  } else {
+    std::cerr << path << ": error: " << error << '\n';
+  }
   return error.empty();
 }
 
