@@ -49,6 +49,7 @@ constexpr std::array kTexts = {
     KindText{AuditKind::imageTexture, false, "{node}: image file \"{detail}\" is not read"},
     KindText{AuditKind::movieTexture, false, "{node} is not read"},
     KindText{AuditKind::pixelTexture, false, "{node} has no valid image and is not used"},
+    KindText{AuditKind::texturePixels, false, "{node}: its pixels are not handed to the texture"},
     KindText{AuditKind::textureCoordinates, false, "{node}: texture coordinates of a shape without a texture dropped"},
     KindText{AuditKind::proxy, false, "{node} is the proxy of a Collision and is not converted"},
     KindText{AuditKind::fieldNotUsed, true, "{detail} of {node} is not used"},
@@ -223,7 +224,7 @@ class Auditor {
     } else if (type == nodeType("ImageTexture")) {
       if (!readsImage(firstUrl(part))) add(AuditKind::imageTexture, part, 0, firstUrl(part));
     } else if (type == nodeType("PixelTexture")) {
-      if (!hasValidImage(part)) add(AuditKind::pixelTexture, part);
+      add(hasValidImage(part) ? AuditKind::texturePixels : AuditKind::pixelTexture, part);
     } else if (type == nodeType("MovieTexture")) {
       add(AuditKind::movieTexture, part);
     } else if (type == nodeType("TextureTransform")) {

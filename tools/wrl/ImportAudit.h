@@ -30,6 +30,7 @@ enum class AuditKind : std::uint8_t {
   imageTexture,          // a texture from a file; detail is the file
   movieTexture,          // a texture from a movie
   pixelTexture,          // an image without pixels, of too few or too many values, or of more than four components
+  texturePixels,         // a texture that the host gets without its image
   textureCoordinates,    // texture coordinates of a shape without a texture
   proxy,                 // the proxy of a Collision
   fieldNotUsed,          // a field other than its default that nothing looks at; detail is the field

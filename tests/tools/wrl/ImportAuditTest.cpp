@@ -96,6 +96,10 @@ const std::vector<Row> kRows = {
     {AuditKind::pixelTexture,
      textured("PixelTexture { image 2 1 3 1 2 3 }") + textured("PixelTexture { image 1 1 5 0 }"),
      {"PixelTexture has no valid image and is not used (2 nodes)"}},
+    {AuditKind::texturePixels,
+     "Shape { appearance Appearance { texture DEF p PixelTexture { image 1 1 4 0 } } geometry " +
+         faceSet("coordIndex [ 0 1 2 -1 ] texCoord TextureCoordinate { point 0 0 }") + " }",
+     {"PixelTexture \"p\": its pixels are not handed to the texture"}},
     {AuditKind::textureCoordinates,
      shapeOf(faceSet("coordIndex [ 0 1 2 -1 ] texCoord TextureCoordinate { }")),
      {"IndexedFaceSet: texture coordinates of a shape without a texture dropped"}},
@@ -157,8 +161,6 @@ TEST(ImportAudit, has_nothing_to_say_of_what_is_converted) {
           faceSet("coordIndex [ 0 1 2 -1 ] solid FALSE ccw FALSE normal Normal { vector 0 0 1 } color Color { color 1 "
                   "0 0 }") +
           " } }",
-      "Shape { appearance Appearance { texture PixelTexture { image 1 1 4 0 } } geometry " +
-          faceSet("coordIndex [ 0 1 2 -1 ] texCoord TextureCoordinate { point 0 0 }") + " }",
       "Shape { appearance Appearance { material Material { ambientIntensity 0.2 } } geometry Cone { side TRUE } }",
   };
   for (const std::string& world : worlds) {
