@@ -29,7 +29,8 @@ CVekDBRoot* sglLoadFile_wrl::loadFile(const std::string& path, unsigned /*flags*
   std::unique_ptr<sglNode> root = orReport(path, [&] { return loadScene(path); });
   root = orReport(path, [&] { return mergedIfWanted(std::move(root)); });
   auto database = std::make_unique<CVekDBRoot>();
-  database->SetSglRoot(root.release());
+  database->SetSglRoot(root.get());
+  static_cast<void>(root.release());
   return database.release();
 }
 

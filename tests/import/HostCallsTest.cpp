@@ -21,13 +21,22 @@ namespace {
 /// The calls of one load, each in a line of its own.
 std::string calls;
 
+/// The call that throws, counted from 1; 0 when none does.
+int throwing = 0;
+int callCount = 0;
+
 /// Whether the host wants one object of a file.
 bool isMerged = false;
 
 /// What the file search finds; "" for nothing.
 std::string fileFound;
 
-void note(const std::string& call) { calls += call + "\n"; }
+void noteAll(const std::string& call) { calls += call + "\n"; }
+
+void note(const std::string& call) {
+  noteAll(call);
+  if (++callCount == throwing) throw call;
+}
 
 bool hear(sglNode* node, void* fileNode, const std::string& event, void* userData) {
   EXPECT_NE(fileNode, nullptr);
@@ -88,8 +97,8 @@ bool sglDataLoader::findFile(const std::string& name, const char* directory, std
 }
 
 sglGroup* CVekOptimizer::FactorizeGraph(sglNode* root, CString name) {
+  const std::unique_ptr<sglNode> graph(root);
   note("FactorizeGraph " + std::string(root == nullptr ? "of nothing" : "of a scene") + " '" + name + "'");
-  delete root;
   return root == nullptr ? nullptr : new sglGroup;
 }
 
@@ -105,7 +114,7 @@ void sglGroup::addChild(sglNode* child, bool notify) {
   child->m_parent = this;
 }
 
-sglOStream::~sglOStream() { note("message " + std::to_string(m_level) + " " + withoutLineEnd(m_text.str())); }
+sglOStream::~sglOStream() { noteAll("message " + std::to_string(m_level) + " " + withoutLineEnd(m_text.str())); }
 
 namespace {
 
@@ -117,6 +126,7 @@ class HostCalls : public testing::Test {
     std::filesystem::current_path(m_folder);
     isMerged = false;
     fileFound.clear();
+    throwing = 0;
   }
   ~HostCalls() override {
     std::error_code ignored;
@@ -131,6 +141,7 @@ class HostCalls : public testing::Test {
   /// The calls while a file is loaded; those of the statistics block are cut down to its first line.
   static std::string callsOfLoading(const std::string& path) {
     calls.clear();
+    callCount = 0;
     {
       sglLoadFile_wrl loader;
       const std::unique_ptr<CVekDBRoot> database(loader.loadFile(path, 0));
@@ -174,6 +185,28 @@ TEST_F(HostCalls, of_a_load_that_succeeds) {
                                            "GetIOMergeFileInOneActor\n" +
                                            (merged ? "FactorizeGraph of a scene ''\n" : "") + "SetSglRoot a scene\n");
   }
+}
+
+TEST_F(HostCalls, that_throw_end_a_load_with_its_report_and_leave_nothing) {
+  write(
+      "a.wrl",
+      "Group { children Shape { appearance Appearance { texture ImageTexture { url \"t.png\" } } geometry Box { } } }");
+  isMerged = true;
+  callsOfLoading("a.wrl");
+  const int callsInAll = callCount;
+  for (throwing = 1; throwing <= callsInAll; ++throwing) {
+    // Without a loader there is nobody to report, and behind the last call there is nothing left that could fail.
+    const bool isReported = throwing > 3 && throwing < callsInAll;
+    try {
+      callsOfLoading("a.wrl");
+      EXPECT_TRUE(isReported) << calls;
+      EXPECT_NE(calls.find("\nmessage 2 sglLoadFile_wrl: Error loading: a.wrl\n"), std::string::npos) << calls;
+      EXPECT_TRUE(calls.ends_with("SetSglRoot nothing\n")) << calls;
+    } catch (const std::string& call) {
+      EXPECT_FALSE(isReported) << call;
+    }
+  }
+  EXPECT_EQ(callsInAll, 20);
 }
 
 TEST_F(HostCalls, of_a_load_without_a_scene) {
