@@ -322,6 +322,26 @@ TEST_F(LoadFile, deep_worlds_load_and_deeper_ones_are_refused) {
   EXPECT_EQ(tooDeep.messages[1].text, "\tLine 4098, at or about \"Transform\"\n\t>>Transform { children [\n");
 }
 
+TEST_F(LoadFile, a_hook_may_load_another_file) {
+  struct Nested {
+    std::string path;
+    std::string scenes;
+    static bool hear(sglNode*, void*, const std::string& event, void* userData) {
+      auto& self = *static_cast<Nested*>(userData);
+      if (event != "onParse:LOD") return true;
+      OpenLoader loader;
+      const std::unique_ptr<CVekDBRoot> database(loader.loadFile(self.path, 0));
+      self.scenes += importtest::dump(database->GetSglRoot()) + " ";
+      return true;
+    }
+  };
+  Nested nested{writeWorld("DEF g Group { children [ " + triangleShape() + " USE n ] }", "inner.wrl"), ""};
+  embedded::loaderSettings().hooks["wrl"] = {&Nested::hear, &nested};
+  const Loaded loaded = load("DEF n Switch { } LOD { level " + triangleShape() + " } LOD { } USE n");
+  EXPECT_EQ(loaded.text(), "Transform(Switch:n<-2>() LOD<0 1e+07>(Geode{0 1 2}) LOD<0 1e+07>() Switch:n<-2>())");
+  EXPECT_EQ(nested.scenes, "Transform(Group:g(Geode:g{0 1 2})) Transform(Group:g(Geode:g{0 1 2})) ");
+}
+
 TEST_F(LoadFile, one_load_leaves_nothing_behind_for_the_next) {
   const std::string world = shape("material Material { }");
   load("Group { children [ DEF x Transform {");
