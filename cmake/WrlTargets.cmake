@@ -23,6 +23,17 @@ if(WRL_SANITIZE)
   target_link_options(wrl_common INTERFACE -fsanitize=address,undefined,float-cast-overflow)
 endif()
 
+# Every line of ours tells libFuzzer where an input took it, and whatever a sanitizer finds ends the process.
+if(WRL_BUILD_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "WRL_BUILD_FUZZ needs clang, which brings libFuzzer.")
+  endif()
+  target_compile_options(wrl_common INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
+    -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(wrl_common INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow)
+  target_compile_definitions(wrl_common INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+
 # wrl_add_library(NAME SOURCES... ) makes a static, position-independent library whose symbols stay hidden in the module.
 function(wrl_add_library name)
   add_library(${name} STATIC ${ARGN})
