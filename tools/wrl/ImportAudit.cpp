@@ -9,6 +9,7 @@
 #include <string_view>
 #include <tuple>
 #include <unordered_set>
+#include <utility>
 
 #include "tools/wrl/FaceAudit.h"
 #include "vrml/fields/Fields.h"
@@ -122,6 +123,17 @@ bool hasValidImage(const Node& texture) {
          width * height == static_cast<std::int64_t>(values.size()) - 3;
 }
 
+// Tells the first node of each type among those that it is asked about, in their order.
+class FirstOfType {
+ public:
+  [[nodiscard]] bool operator()(const Node& node) {
+    return !std::exchange(m_seen[static_cast<std::size_t>(node.getType())], true);
+  }
+
+ private:
+  std::array<bool, vrml::kNodeTypeCount> m_seen{};
+};
+
 class Auditor {
  public:
   explicit Auditor(const AuditOptions& options) : m_options(options) {}
@@ -207,9 +219,10 @@ class Auditor {
 
   void addAppearance(const Node& appearance) {
     const bool hasImage = appearance.getFirstChild(nodeType("ImageTexture")) != nullptr;
+    FirstOfType isFirstOfItsType;
     for (const Node* child = appearance.getChildNodes(); child != nullptr; child = child->next()) {
       const bool isHidden = hasImage && child->isType(nodeType("PixelTexture"));
-      if (isHidden || (kPartsOfAppearance.contains(child->getType()) && !isFirstOfItsType(*child, appearance))) {
+      if (isHidden || (kPartsOfAppearance.contains(child->getType()) && !isFirstOfItsType(*child))) {
         addUnused(*child, appearance, kPartsOfAppearance);
       } else if (isNew(*child)) {
         addPartOfAppearance(*child, appearance);
@@ -248,8 +261,9 @@ class Auditor {
     const bool hasTexCoords = faceSet.getFirstChild(nodeType("TextureCoordinate")) != nullptr;
     if (coordinates != nullptr && hasTexCoords && !hasTexture) add(AuditKind::textureCoordinates, faceSet);
     if (!isNew(faceSet)) return;
+    FirstOfType isFirstOfItsType;
     for (const Node* child = faceSet.getChildNodes(); child != nullptr; child = child->next()) {
-      if (!kPartsOfFaceSet.contains(child->getType()) || !isFirstOfItsType(*child, faceSet))
+      if (!kPartsOfFaceSet.contains(child->getType()) || !isFirstOfItsType(*child))
         addUnused(*child, faceSet, kPartsOfFaceSet);
     }
     if (coordinates == nullptr) {
@@ -293,10 +307,6 @@ class Auditor {
 
   void addCounted(AuditKind kind, const Node& node, std::int64_t count) {
     if (count > 0) add(kind, node, count);
-  }
-
-  static bool isFirstOfItsType(const Node& child, const Node& parent) {
-    return parent.getFirstChild(child.getType()) == &child;
   }
 
   // True the first time that a node, or the source of an instance, is asked about.

@@ -207,6 +207,19 @@ TEST(ImportAudit, puts_what_sums_up_a_type_last) {
   EXPECT_EQ(linesOf(audit(world)), expected);
 }
 
+TEST(ImportAudit, looks_at_many_parts_of_one_node_in_one_pass) {
+  constexpr int kCount = 40'000;  // a wait to notice, were each looked for among those in front of it
+  std::string parts;
+  for (int i = 0; i < kCount; ++i) parts += "coord Coordinate { } ";
+  for (int i = 0; i < kCount; ++i) parts += "color Color { } ";
+  const std::vector<AuditNote> notes = audit(shapeOf("IndexedFaceSet { " + parts + "}"));
+  const std::vector<std::string> expected = {
+      "Coordinate is not used, its IndexedFaceSet has another one (39999 nodes)",
+      "Color is not used, its IndexedFaceSet has another one (39999 nodes)",
+  };
+  EXPECT_EQ(linesOf(notes), expected);
+}
+
 TEST(ImportAudit, goes_as_deep_as_files_do) {
   std::string world;
   for (int i = 0; i < 4000; ++i) world += "Group{children ";
