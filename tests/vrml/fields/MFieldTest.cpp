@@ -223,6 +223,19 @@ TYPED_TEST(MFieldClasses, ignores_a_copy_from_another_type_or_from_nothing) {
   EXPECT_TRUE(field.isPacked());
 }
 
+TYPED_TEST(MFieldClasses, is_empty_after_a_copy_from_an_empty_field) {
+  for (const bool entryForm : {false, true}) {
+    TypeParam field, empty;
+    if (entryForm) makeEntries(empty);
+    field.addValue(sample<TypeParam>(1));
+    field.setValue(&empty);
+    EXPECT_EQ(field.getSize(), 0);
+    field.addValue(sample<TypeParam>(2));
+    EXPECT_EQ(field.getSize(), 1);
+    EXPECT_EQ(empty.getSize(), 0);
+  }
+}
+
 // All orders in which three fields that copied from each other may end.
 TYPED_TEST(MFieldClasses, shared_elements_live_as_long_as_any_field_that_holds_them) {
   const std::array<std::array<std::size_t, 3>, 6> orders = {

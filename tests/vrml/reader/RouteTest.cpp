@@ -91,6 +91,17 @@ TEST(Route, is_found_by_its_four_members) {
   EXPECT_EQ(scene.findRoute(nullptr, nullptr, nullptr, nullptr), nullptr);
 }
 
+TEST(Route, has_its_flag_cleared_by_the_pass_behind_a_load) {
+  SceneGraph scene;
+  loadText(scene,
+           "DEF a TouchSensor { }\nDEF b TouchSensor { }\nROUTE a.isActive TO b.enabled\nROUTE b.isActive TO "
+           "a.enabled\n");
+  ASSERT_NE(scene.getFirstRoute(), nullptr);
+  for (Route* route = scene.getFirstRoute(); route; route = route->next()) route->setFlag(true);
+  EXPECT_TRUE(scene.resolve());
+  for (const Route* route = scene.getFirstRoute(); route; route = route->next()) EXPECT_FALSE(route->flag());
+}
+
 TEST(Route, writes_nothing_without_members) {
   std::ostringstream out;
   Route(nullptr, nullptr, nullptr, nullptr).write(out);
