@@ -1,10 +1,12 @@
 // Calls of the entry points during which memory runs out for good, at each allocation in turn: nothing is thrown at the
 // host, and nothing leaks.
 
+#include <VekKernel/CVekStager.h>
 #include <VekSGdb/CVekDBRoot.h>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -12,8 +14,10 @@
 #include <new>
 #include <string>
 
+#include "embedded/AssemblyBuilder.h"
 #include "embedded/MessageSink.h"
 #include "entry/loadModelWRL.h"
+#include "entry/writeModelWRL.h"
 
 namespace {
 
@@ -45,35 +49,79 @@ void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(b
 
 namespace {
 
-TEST(OutOfMemory, gives_an_empty_database_or_none) {
-  const std::string path = testing::TempDir() + "wrl-out-of-memory.wrl";
-  std::ofstream(path, std::ios::binary)
-      << "#VRML V2.0 utf8\nDEF aNameThatIsTooLongForAnyStringToKeepInItself Group { children Transform { children [ "
-         "Shape { geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 -1 ] "
-         "} } LOD { } ] } }\n";
-  void* const module = dlopen(MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
-  ASSERT_NE(module, nullptr) << dlerror();
-  const auto load = reinterpret_cast<decltype(&loadModelWRL)>(dlsym(module, "loadModelWRL"));
-  ASSERT_NE(load, nullptr);
-  embedded::setMessageSink([](unsigned, std::string_view) {});
-  std::size_t withoutDatabase = 0;
-  std::size_t emptyDatabases = 0;
-  bool failed = true;
-  for (long number = 1; failed; ++number) {
-    countdown = number;
-    const std::unique_ptr<CVekDBRoot> database(load(path, 0));
-    failed = countdown == 1;
-    countdown = 0;
-    if (!database)
-      ++withoutDatabase;
-    else if (database->GetSglRoot() == nullptr)
-      ++emptyDatabases;
-    ASSERT_LT(number, 100000);
+constexpr const char* kWorld =
+    "#VRML V2.0 utf8\nDEF aNameThatIsTooLongForAnyStringToKeepInItself Group { children Transform { children [ Shape { "
+    "appearance Appearance { material Material { } } geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 "
+    "0, 0 1 0 ] } coordIndex [ 0 1 2 -1 ] } } LOD { } Shape { geometry Box { } } ] } }\n";
+
+class OutOfMemory : public testing::Test {
+ protected:
+  OutOfMemory() {
+    std::ofstream(m_path, std::ios::binary) << kWorld;
+    embedded::setMessageSink([](unsigned, std::string_view) {});
   }
-  embedded::setMessageSink({});
-  std::remove(path.c_str());
-  EXPECT_GT(withoutDatabase, 10U) << "the module allocates where this test counts";
-  EXPECT_EQ(emptyDatabases, 0U) << "there is no memory for one";
+  ~OutOfMemory() override {
+    embedded::setMessageSink({});
+    std::remove(m_path.c_str());
+    std::remove(m_output.c_str());
+  }
+
+  void SetUp() override {
+    void* const module = dlopen(MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    m_load = reinterpret_cast<decltype(m_load)>(dlsym(module, "loadModelWRL"));
+    m_write = reinterpret_cast<decltype(m_write)>(dlsym(module, "writeModelWRL"));
+    ASSERT_NE(m_load, nullptr);
+    ASSERT_NE(m_write, nullptr);
+  }
+
+  /// Makes the call with memory for ever more allocations, until there is enough. `look` is called after each.
+  template <class Call, class Look>
+  static void withEverMoreMemory(Call call, Look look) {
+    bool failed = true;
+    for (long number = 1; failed; ++number) {
+      countdown = number;
+      call();
+      failed = countdown == 1;
+      countdown = 0;
+      look(failed);
+      ASSERT_LT(number, 100000);
+    }
+  }
+
+  const std::string m_path = testing::TempDir() + "wrl-out-of-memory.wrl";
+  const std::string m_output = testing::TempDir() + "wrl-out-of-memory-out.wrl";
+  decltype(&loadModelWRL) m_load = nullptr;
+  decltype(&writeModelWRL) m_write = nullptr;
+};
+
+TEST_F(OutOfMemory, gives_no_database) {
+  std::unique_ptr<CVekDBRoot> database;
+  std::size_t failures = 0;
+  withEverMoreMemory([&] { database.reset(m_load(m_path, 0)); },
+                     [&](bool failed) {
+                       failures += failed ? 1 : 0;
+                       EXPECT_TRUE(!database || database->GetSglRoot() != nullptr) << "no memory for an empty one";
+                       EXPECT_TRUE(failed || database);
+                     });
+  EXPECT_GT(failures, 10U) << "the module allocates where this test counts";
+}
+
+TEST_F(OutOfMemory, is_a_file_that_is_not_whole) {
+  const std::unique_ptr<CVekDBRoot> database(m_load(m_path, 0));
+  const std::unique_ptr<CVekStager> stager = embedded::makeStager(embedded::buildAssembly(database->GetSglRoot(), "a"));
+  int error = 0;
+  std::size_t failures = 0;
+  withEverMoreMemory(
+      [&] {
+        m_write(m_output, stager.get());
+        error = errno;
+      },
+      [&](bool failed) {
+        failures += failed ? 1 : 0;
+        EXPECT_EQ(error != 0, failed);
+      });
+  EXPECT_GT(failures, 5U);
 }
 
 }  // namespace
