@@ -2,10 +2,10 @@
 
 #include "tools/wrl/SceneLoad.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <iostream>
+#include <new>
 
 #include "embedded/LoaderSettings.h"
 #include "tools/wrl/Descriptors.h"
@@ -48,6 +48,7 @@ class MessageLog {
       if (isStatistics && !showStatistics) return;
       progress.wipe();
       writeToStandardError(text);
+      hasErrorReport = hasErrorReport || text.starts_with(kErrorReport);  // first: there may be no memory to keep it
       messages.push_back({level, std::string(text)});
     });
   }
@@ -56,12 +57,11 @@ class MessageLog {
   MessageLog& operator=(const MessageLog&) = delete;
 
   std::vector<embedded::Message> messages;
+  bool hasErrorReport = false;
 
  private:
   StatisticsFilter m_filter;
 };
-
-bool isErrorReport(const embedded::Message& message) { return message.text.starts_with(kErrorReport); }
 
 LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& path, const HostOptions& options) {
   using Clock = std::chrono::steady_clock;
@@ -73,9 +73,10 @@ LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& pa
   LoadedScene loaded;
   const Clock::time_point start = Clock::now();
   loaded.database = module.loadModel(path);
+  if (loaded.database == nullptr) throw std::bad_alloc();  // the module gives none only for want of memory
   loaded.seconds = std::chrono::duration<double>(Clock::now() - start).count();
   loaded.messages = std::move(log.messages);
-  loaded.failed = std::any_of(loaded.messages.begin(), loaded.messages.end(), isErrorReport);
+  loaded.failed = log.hasErrorReport;
   return loaded;
 }
 
