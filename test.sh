@@ -72,6 +72,7 @@ build() { # PRESET [TARGET...]
 runCases() { # PRESET
   local wrl="$root/build/$1/bin/wrl"
   countRunner "conformance, $1" python3 "$root/tests/conformance/run.py" --wrl "$wrl" --timeout 300
+  countRunner "loop, $1" python3 "$root/tests/loop/run.py" --wrl "$wrl" --timeout 300
   countRunner "corpus, $1" python3 "$root/tests/corpus/run.py" --wrl "$wrl" --timeout 300
 }
 

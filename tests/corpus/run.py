@@ -12,6 +12,8 @@ A file that loads is one passed case when all of this holds, a refused one when 
   check   `wrl check` answers with the exit status and the line that are expected
   nodes   what `wrl nodes` writes is, read by `wrl nodes` again, the same bytes
   scene   `wrl scene` prints a JSON document with the keys "scene" and "messages", and ends with 0
+  loop    what `wrl convert` writes of it loads, and holds as many triangles, in the same colours and, turned once more,
+          the same box; of a file without a scene it writes nothing and ends with 1
 Prints a line for each file that fails, then the closing line 'N passed, N failed'. Exit status 1 when any failed.
 """
 import argparse
@@ -23,6 +25,10 @@ import sys
 import tempfile
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, os.path.join(os.path.dirname(HERE), "loop"))
+from measure import differences, measure  # noqa: E402
+
+BOX_TOLERANCE = 1e-4  # of the diagonal
 
 
 class Runner:
@@ -83,10 +89,30 @@ def scene_problems(runner, path):
     return [f"scene: lacks {key!r}" for key in ("scene", "messages") if key not in document]
 
 
+def loop_problems(runner, path):
+    status, before, errors = runner.run("stage", "--no-stats", path)
+    if status != 0:
+        return [f"stage: {describe(status, errors)}"]
+    has_scene = json.loads(before)["assembly"] is not None
+    with tempfile.TemporaryDirectory() as folder:
+        written = os.path.join(folder, "written.wrl")
+        status, _, errors = runner.run("convert", "--no-stats", path, written)
+        if status != (0 if has_scene else 1):
+            return [f"convert: {describe(status, errors)}"]
+        if not has_scene:
+            return [f"convert: {name} was written of a file without a scene" for name in os.listdir(folder)]
+        status, after, errors = runner.run("stage", "--no-stats", written)
+    if status != 0:
+        return [f"convert: what was written does not load: {describe(status, errors)}"]
+    return [f"loop: {line}" for line in differences(measure(before), measure(after), BOX_TOLERANCE)]
+
+
 def problems_of(runner, path, line):
     if line is not None:
         return check_problems(runner, path, line)
-    return check_problems(runner, path, line) + nodes_problems(runner, path) + scene_problems(runner, path)
+    return check_problems(runner, path, line) + (
+        nodes_problems(runner, path) + scene_problems(runner, path) + loop_problems(runner, path)
+    )
 
 
 def worlds_below(folder):
