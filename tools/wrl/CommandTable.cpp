@@ -14,6 +14,7 @@ std::unique_ptr<Command> makeSceneCommand();
 std::unique_ptr<Command> makeStageCommand();
 std::unique_ptr<Command> makeExportCommand();
 std::unique_ptr<Command> makeConvertCommand();
+std::unique_ptr<Command> makeRenderCommand();
 
 std::span<const CommandEntry> commandTable() {
   static constexpr std::array kCommands = {
@@ -28,6 +29,7 @@ std::span<const CommandEntry> commandTable() {
       CommandEntry{"export", "Writes a stage document as a VRML97 file.", makeExportCommand},
       CommandEntry{"convert", "Reads a file and writes it in another format, each told by its extension.",
                    makeConvertCommand},
+      CommandEntry{"render", "Draws a picture of a file off screen, as PNG.", makeRenderCommand},
   };
   return kCommands;
 }

@@ -7,6 +7,7 @@
 
 #include "embedded/Paths.h"
 #include "tools/wrl/Input.h"
+#include "tools/wrl/PictureOutput.h"
 #include "tools/wrl/StageOutput.h"
 
 namespace wrl {
@@ -23,6 +24,7 @@ constexpr std::array kReaders = {
 constexpr std::array kWriters = {
     WriterFormat{kWorld, "VRML97 world", writeWorld},
     WriterFormat{"json", "stage document", writeStage},
+    WriterFormat{"png", "picture", writePicture},
 };
 
 // What stands behind the last full stop of a file's name, in small letters.
