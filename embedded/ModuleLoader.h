@@ -27,8 +27,8 @@ class ModuleLoader {
   // Why the last open() failed, "" when it did not.
   [[nodiscard]] const std::string& errorText() const { return m_errorText; }
 
-  // Loads a file: what `loadModelWRL` returns, which is null only when nothing is loaded. `path` is passed as it
-  // stands.
+  // Loads a file: what `loadModelWRL` returns, which is null when there is no memory for an empty scene; null also when
+  // nothing is loaded. `path` is passed as it stands.
   [[nodiscard]] std::unique_ptr<CVekDBRoot> loadModel(const std::string& path, unsigned flags = 0) const;
 
   // Whether the module can write.
