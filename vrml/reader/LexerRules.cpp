@@ -181,13 +181,15 @@ void Lexer::readUse() {
 
 void Lexer::readRoute() {
   if (m_rules.routesShareLines) return readRouteWords();
+  const int line = this->line();
   std::string text;
   for (int c = takeRaw(); c != kEndOfInput && c != '\n'; c = takeRaw()) text += static_cast<char>(c);
-  Parser::addRouteText(text);
+  Parser::addRouteText(text, line);
 }
 
 // Four words with "TO" in their middle, or what the line has of them; a line that ends in "TO" goes on in the next one.
 void Lexer::readRouteWords() {
+  const int line = this->line();
   std::string text;
   std::string word;
   int words = 0;
@@ -213,7 +215,7 @@ void Lexer::readRouteWords() {
     if (c == '\n' && !goesOn) break;
   }
   endWord();
-  Parser::addRouteText(text);
+  Parser::addRouteText(text, line);
 }
 
 // ---- PROTO

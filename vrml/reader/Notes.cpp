@@ -12,7 +12,8 @@ namespace {
 constexpr std::array kTexts = std::to_array<std::string_view>(
     {"read by the wide rules: the exact ones refuse it at or about \"%x\"", "unknown node %t%n passed over",
      "EXTERNPROTO %t passed over", "EXPORT %x passed over", "PROTO %t is cut off by the end of the file",
-     "USE %d: no node of that name before it", "%t%n is left out where its group is used again",
+     "USE %d: no node of that name before it", "ROUTE %x: no such node or event before it",
+     "ROUTE %x: leads from a node to itself", "%t%n is left out where its group is used again",
      "USE %d: a %t has no copy", "Inline%n: no file of its urls can be opened, \"%x\" the first",
      "Inline%n: %x does not parse", "Inline%n: %x is being loaded already",
      "Inline%n: %x is too deep, or one inlined file too many"});

@@ -15,6 +15,8 @@ enum class NoteKind {
   exportStatement,       // an EXPORT and its word; text is the word
   protoCutOff,           // a PROTO that the end of the input cuts off; nodeType is its name
   unresolvedUse,         // a USE of a name that no node before it bears; defName
+  droppedRoute,          // a ROUTE that names no node or no event before it; text is the route
+  routeToItself,         // a ROUTE from a node to itself; text is the route
   nodeWithoutCopy,       // a node inside a USEd subtree that has no copy and is left out there; nodeType, defName
   referenceWithoutCopy,  // a USE of a node that has no copy: it stays a bare reference; nodeType, defName
   inlineNotOpened,       // an Inline none of whose urls opens as a local file; defName; text is the first url

@@ -69,6 +69,14 @@ std::array<std::string_view, 4> splitRoute(std::string_view text) {
   return words;
 }
 
+// The words as a ROUTE has them, as far as there are any.
+std::string routeText(const std::array<std::string_view, 4>& words) {
+  constexpr std::array kSeparators = {"", ".", " TO ", "."};
+  std::string text;
+  for (std::size_t i = 0; i < words.size() && !words[i].empty(); ++i) text.append(kSeparators[i]).append(words[i]);
+  return text;
+}
+
 }  // namespace
 
 Parser::Parser() : m_root(std::make_unique<RootNode>()) { m_root->setSceneGraph(this); }
@@ -301,19 +309,23 @@ void Parser::addRoute(std::unique_ptr<Route> route) {
   m_routes.append(*route.release());
 }
 
-void Parser::addRouteText(std::string_view text) {
+void Parser::addRouteText(std::string_view text, int line) {
   Parser* const parser = currentParser();
   if (!parser || text.empty()) return;
-  const auto [fromName, outName, toName, inName] = splitRoute(text);
+  const auto words = splitRoute(text);
+  const auto [fromName, outName, toName, inName] = words;
   Node* const from = parser->findNodeByName(fromName);
   Node* const to = parser->findNodeByName(toName);
-  if (!from || !to || from == to) return;
+  const auto drop = [&](NoteKind kind) { parser->addNote({line, kind, {}, {}, routeText(words)}); };
+  if (!from || !to) return drop(NoteKind::droppedRoute);
+  if (from == to) return drop(NoteKind::routeToItself);
   Field* fromField = from->getEventOut(outName);
   if (!fromField) fromField = from->getExposedField(outName);
   Field* toField = to->getEventIn(inName);
   if (!toField) toField = to->getExposedField(inName);
-  if (!fromField || !toField || parser->findRoute(from, fromField, to, toField)) return;
-  parser->addRoute(std::make_unique<Route>(from, fromField, to, toField));
+  if (!fromField || !toField) return drop(NoteKind::droppedRoute);
+  if (!parser->findRoute(from, fromField, to, toField))
+    parser->addRoute(std::make_unique<Route>(from, fromField, to, toField));
 }
 
 // ---- the stack of active parsers

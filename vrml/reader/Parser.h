@@ -102,9 +102,9 @@ class Parser : public LinkedListNode<Parser>, public NodeOwner {
   /// The PROTO of exactly that name, or null. Of two with one name the first holds.
   [[nodiscard]] static Proto* findPROTO(std::string_view name);
   static void definePROTO(std::string_view name, std::string_view body, std::string_view interface);
-  /// Makes the route that the rest of a ROUTE's line describes ("a.x TO b.y"). Dropped in silence when a node or a
-  /// field is missing, when it leads from a node to itself, or when the route is there already.
-  static void addRouteText(std::string_view text);
+  /// Makes the route that the rest of a ROUTE's line describes ("a.x TO b.y"). Dropped, with no more than a note, when
+  /// a node or a field is missing or when it leads from a node to itself; in silence when the route is there already.
+  static void addRouteText(std::string_view text, int line = 0);
 
   // The tree reports to its container.
   void nodeAttached(Node& node) override;

@@ -29,10 +29,10 @@ std::string writeText(std::string_view header, std::string_view text) {
   return folder.write("text.wrl", std::string(header).append(text));
 }
 
-constexpr const char* kKindNames[] = {"secondReading",   "unknownNode",          "externProto",
-                                      "exportStatement", "protoCutOff",          "unresolvedUse",
-                                      "nodeWithoutCopy", "referenceWithoutCopy", "inlineNotOpened",
-                                      "inlineNotParsed", "inlineAlreadyLoading", "inlineLimit"};
+constexpr const char* kKindNames[] = {
+    "secondReading",   "unknownNode",     "externProto",          "exportStatement", "protoCutOff",
+    "unresolvedUse",   "droppedRoute",    "routeToItself",        "nodeWithoutCopy", "referenceWithoutCopy",
+    "inlineNotOpened", "inlineNotParsed", "inlineAlreadyLoading", "inlineLimit"};
 
 }  // namespace
 
