@@ -281,6 +281,16 @@ TEST(ShapeAppearance, OfTwoImagesOfOneNameTheLastOneStays) {
   }
 }
 
+TEST(ShapeAppearance, TheFolderOfAFileIsFoundAtEitherSlash) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.path("out"));
+  writeFile(folder.path("wood.tga"), quarteredTarga(kRedGreenBlueWhite));
+  CVekActorMesh actor;
+  exporter_test::setMapPath(actor, folder.path("") + "\\wood.tga");
+  EXPECT_NE(textureTextOf(actor, folder.path("out") + "\\scene.wrl").find("\"Textures\\wood.jpg\""), std::string::npos);
+  EXPECT_EQ(quartersOf(folder.path("out/Textures/wood.jpg")), " R G B RGB");
+}
+
 TEST(ShapeAppearance, TheFolderOfABareFileNameIsTheCurrentOne) {
   const TempFolder folder;
   writeFile(folder.path("wood.jpg"), "picture");

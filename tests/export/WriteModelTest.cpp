@@ -6,11 +6,14 @@
 
 #include <cerrno>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "embedded/LoaderSettings.h"
+#include "embedded/StageDocument.h"
+#include "tests/export/CommaLocale.h"
 #include "tests/export/Scene.h"
 #include "tests/export/TempFolder.h"
 
@@ -86,6 +89,49 @@ TEST_F(WriteModel, WritingTwiceGivesTheSameBytes) {
   exporter::writeModel(folder.path("b.wrl"), &stager);
   EXPECT_EQ(contentOf(folder.path("a.wrl")), contentOf(folder.path("b.wrl")));
   EXPECT_NE(contentOf(folder.path("a.wrl")).find(exporter_test::kTriangleShape), std::string::npos);
+}
+
+/// A tree with a geometry of each kind, texture coordinates, a texture matrix and an image; and a view.
+void fill(CVekAssyRoot& root, CVekStager& stager, const TempFolder& folder) {
+  exporter_test::writeFile(folder.path("wood.jpg"), "picture");
+  exporter_test::Lists lists{
+      .normals = {0, 0, 1, 0, 0, 1, 0, 0, 1}, .texCoords = {0, 0, 1.5F, 0, 0, 1}, .lengths = {3}};
+  CVekActorMesh* const actor =
+      mesh({geoSet<sglTriangleSet>(lists).release(), geoSet<sglIndexedTriangleSet>(lists).release(),
+            geoSet<sglIndexedTriangleStripSet>(lists).release(),
+            geoSet<sglMonoIndexedTriangleStripSet>(lists).release()})
+          .release();
+  actor->SetTexture(0, exporter_test::texture({{0.5F, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0.25F, 0, 0, 1}}));
+  exporter_test::setMapPath(*actor, folder.path("wood.jpg"));
+  auto part = exporter_test::group<CVekKAssyGroup>("3D part", {actor, nullptr});
+  part->SetMatLocalToParent({{-2.5F, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1.25F, 0, 0, 1}});
+  root.AddChild(part.release());
+  auto view = std::make_unique<CVekView>();
+  view->SetName("100%d");
+  view->SetNavigatorProperties(std::make_unique<CVekPropertySet>());
+  stager.GetViewportManager()->AddView(std::move(view));
+}
+
+TEST_F(WriteModel, TheHostIsLeftAsItWas) {
+  fill(*root, stager, folder);
+  std::ostringstream before;
+  embedded::writeStageDocument(before, stager);
+  exporter::writeModel(folder.path("out.wrl"), &stager);
+  std::ostringstream after;
+  embedded::writeStageDocument(after, stager);
+  EXPECT_EQ(after.str(), before.str());
+  EXPECT_NE(contentOf(folder.path("out.wrl")).find("DEF _D_part Transform"), std::string::npos);
+  EXPECT_EQ(contentOf(folder.path("wood.jpg")), "picture");
+}
+
+TEST_F(WriteModel, TheLocaleDoesNotMatter) {
+  fill(*root, stager, folder);
+  exporter::writeModel(folder.path("a.wrl"), &stager);
+  const exporter_test::CommaLocale locale;
+  ASSERT_TRUE(locale.isSet());
+  exporter::writeModel(folder.path("b.wrl"), &stager);
+  EXPECT_EQ(contentOf(folder.path("b.wrl")), contentOf(folder.path("a.wrl")));
+  EXPECT_NE(contentOf(folder.path("b.wrl")).find("1.000000 0.000000,"), std::string::npos) << "0.5 * 1.5 + 0.25";
 }
 
 TEST_F(WriteModel, WithoutAnAssemblyThereIsNoFile) {

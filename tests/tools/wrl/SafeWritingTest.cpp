@@ -111,6 +111,20 @@ TEST(SafeWriting, leaves_no_half_file_on_a_full_disk) {
   }
 }
 
+TEST(SafeWriting, writes_onto_the_file_that_it_reads) {
+  const ScratchFolder folder;
+  const std::string world = folder.write("a.wrl", manyTriangles());
+  const std::vector<std::string> words = {"convert", "--no-stats", world, world};
+  {
+    const FullDisk disk(4096);
+    EXPECT_EQ(runToolWith(words).status, ExitStatus::failed);
+  }
+  EXPECT_EQ(folder.read("a.wrl"), manyTriangles());
+  EXPECT_EQ(runToolWith(words).status, ExitStatus::done);
+  EXPECT_TRUE(holds(folder.read("a.wrl"), "DEF browns Background"));
+  EXPECT_TRUE(holds(runToolWith({"info", "--no-stats", world}).out, "  triangles     300\n"));
+}
+
 TEST(SafeWriting, leaves_no_half_texture_on_a_full_disk) {
   const ScratchFolder folder;
   writeNoise(folder.path("noise.png"), 64);
