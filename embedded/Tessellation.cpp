@@ -1,5 +1,9 @@
 // Primitives are built as grids of vertices around the z axis. Angles and products are computed in double and narrowed
 // once. A ring has its first column twice, at 0 and at a full turn, so that no index needs to wrap around.
+//
+// Images lie as a world upright along y wants them once an import has placed the primitive there: on each side of a
+// cube, around the others from the back to the left, the front and the right, and as discs on their ends. The import
+// turns a cone's axis up, a cylinder's and a sphere's down, and leaves a cube as it is.
 
 #include "embedded/Tessellation.h"
 
@@ -15,6 +19,7 @@
 #include <bit>
 #include <cmath>
 #include <glm/geometric.hpp>
+#include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 #include <numbers>
 #include <vector>
@@ -34,9 +39,10 @@ unsigned piecesPoleToPole(unsigned wanted) { return std::clamp(wanted, 2U, kMaxP
 class MeshBuilder {
  public:
   // Adds a vertex and returns its number. The normal may have any length.
-  std::uint32_t vertex(const glm::dvec3& position, const glm::dvec3& normal) {
+  std::uint32_t vertex(const glm::dvec3& position, const glm::dvec3& normal, const glm::dvec2& texCoord) {
     const double length = glm::length(normal);
     append(m_coords, position);
+    m_texCoords.insert(m_texCoords.end(), {static_cast<float>(texCoord.x), static_cast<float>(texCoord.y)});
     append(m_normals, length > 0.0 ? normal / length : normal);
     return static_cast<std::uint32_t>(m_coords.size() / 3 - 1);
   }
@@ -45,7 +51,7 @@ class MeshBuilder {
 
   PrimitiveMesh finish() {
     return {new sglDataPtr(std::move(m_coords)), new sglDataPtr(std::move(m_normals)),
-            new sglDataPtr(std::move(m_indices))};
+            new sglDataPtr(std::move(m_texCoords)), new sglDataPtr(std::move(m_indices))};
   }
 
  private:
@@ -55,6 +61,7 @@ class MeshBuilder {
 
   std::vector<float> m_coords;
   std::vector<float> m_normals;
+  std::vector<float> m_texCoords;
   std::vector<std::uint32_t> m_indices;
 };
 
@@ -64,11 +71,24 @@ glm::dvec3 direction(double column, unsigned around) {
   return {std::cos(angle), std::sin(angle), 0.0};
 }
 
-// A flat disc across the z axis, its face towards `facing` (1 or -1 along z).
-void addCap(MeshBuilder& mesh, unsigned around, double z, double radius, double facing) {
+// How far around a column is on the image: from the back to the left, for an axis that will point up or down.
+enum class PlacedAxis { Up, Down };
+
+double imageColumn(double column, unsigned around, PlacedAxis axis) {
+  const double turn = column / around;
+  return axis == PlacedAxis::Up ? turn - 0.25 : 0.75 - turn;
+}
+
+// A flat disc across the z axis, its face towards `facing` (1 or -1 along z). The disc of the image that it shows has
+// its top at y = 1 or -1, `imageTop`.
+void addCap(MeshBuilder& mesh, unsigned around, double z, double radius, double facing, double imageTop) {
   const glm::dvec3 normal(0.0, 0.0, facing);
-  const std::uint32_t centre = mesh.vertex({0.0, 0.0, z}, normal);
-  for (unsigned i = 0; i <= around; ++i) mesh.vertex(direction(i, around) * radius + glm::dvec3(0.0, 0.0, z), normal);
+  const std::uint32_t centre = mesh.vertex({0.0, 0.0, z}, normal, {0.5, 0.5});
+  for (unsigned i = 0; i <= around; ++i) {
+    const glm::dvec3 outward = direction(i, around);
+    mesh.vertex(outward * radius + glm::dvec3(0.0, 0.0, z), normal,
+                {0.5 + outward.x / 2.0, 0.5 + outward.y * imageTop / 2.0});
+  }
   for (unsigned i = 0; i < around; ++i) {
     const std::uint32_t a = centre + 1 + i;
     mesh.triangle(centre, facing > 0.0 ? a : a + 1, facing > 0.0 ? a + 1 : a);
@@ -88,6 +108,18 @@ void addGrid(MeshBuilder& mesh, std::uint32_t first, unsigned around, unsigned a
   }
 }
 
+// Where a corner of a cube's side lies on the image; coordinates are 0 or 1. `axis` is the side's, `far` its end.
+glm::dvec2 imageOnCube(int axis, bool far, const glm::dvec3& corner) {
+  switch (axis) {
+    case 0:
+      return {far ? 1.0 - corner.z : corner.z, corner.y};
+    case 1:
+      return {corner.x, far ? 1.0 - corner.z : corner.z};
+    default:
+      return {far ? corner.x : 1.0 - corner.x, corner.y};
+  }
+}
+
 PrimitiveMesh meshOfCube(const sglCube& cube) {
   MeshBuilder mesh;
   const glm::dvec3 size(cube.getSize().x, cube.getSize().y, cube.getSize().z);
@@ -99,11 +131,11 @@ PrimitiveMesh meshOfCube(const sglCube& cube) {
       normal[axis] = far ? 1.0 : -1.0;
       std::uint32_t corners[4];
       for (unsigned i = 0; i < 4; ++i) {  // around the face: (0, 0), (1, 0), (1, 1), (0, 1)
-        glm::dvec3 position(0.0);
-        position[axis] = far ? size[axis] : 0.0;
-        position[u] = i == 1 || i == 2 ? size[u] : 0.0;
-        position[v] = i >= 2 ? size[v] : 0.0;
-        corners[i] = mesh.vertex(position, normal);
+        glm::dvec3 corner(0.0);
+        corner[axis] = far ? 1.0 : 0.0;
+        corner[u] = i == 1 || i == 2 ? 1.0 : 0.0;
+        corner[v] = i >= 2 ? 1.0 : 0.0;
+        corners[i] = mesh.vertex(corner * size, normal, imageOnCube(axis, far, corner));
       }
       mesh.triangle(corners[0], corners[far ? 1 : 2], corners[far ? 2 : 1]);
       mesh.triangle(corners[0], corners[far ? 2 : 3], corners[far ? 3 : 2]);
@@ -120,11 +152,14 @@ PrimitiveMesh meshOfCone(const sglCone& cone) {
   const auto normalAt = [&](double column) {
     return direction(column, around) * height + glm::dvec3(0.0, 0.0, radius);
   };
-  for (unsigned i = 0; i <= around; ++i) mesh.vertex(direction(i, around) * radius, normalAt(i));
-  for (unsigned i = 0; i < around; ++i) {
-    mesh.triangle(i, i + 1, mesh.vertex({0.0, 0.0, height}, normalAt(i + 0.5)));
+  const auto columnAt = [&](double column) { return imageColumn(column, around, PlacedAxis::Up); };
+  for (unsigned i = 0; i <= around; ++i) {
+    mesh.vertex(direction(i, around) * radius, normalAt(i), {columnAt(i), 0.0});
   }
-  addCap(mesh, around, 0.0, radius, -1.0);
+  for (unsigned i = 0; i < around; ++i) {
+    mesh.triangle(i, i + 1, mesh.vertex({0.0, 0.0, height}, normalAt(i + 0.5), {columnAt(i + 0.5), 1.0}));
+  }
+  addCap(mesh, around, 0.0, radius, -1.0, -1.0);
   return mesh.finish();
 }
 
@@ -141,13 +176,14 @@ PrimitiveMesh meshOfCylinder(const sglCylinder& cylinder) {
     for (unsigned i = 0; i <= around; ++i) {
       const glm::dvec3 outward = direction(i, around);
       mesh.vertex(outward * radius + glm::dvec3(0.0, 0.0, height * part),
-                  outward * height + glm::dvec3(0.0, 0.0, bottom - top));
+                  outward * height + glm::dvec3(0.0, 0.0, bottom - top),
+                  {imageColumn(i, around, PlacedAxis::Down), 1.0 - part});
     }
   }
   addGrid(mesh, 0, around, along, false);
   if (cylinder.isCapped()) {
-    addCap(mesh, around, 0.0, bottom, -1.0);
-    addCap(mesh, around, height, top, 1.0);
+    addCap(mesh, around, 0.0, bottom, -1.0, -1.0);
+    addCap(mesh, around, height, top, 1.0, 1.0);
   }
   return mesh.finish();
 }
@@ -159,10 +195,11 @@ PrimitiveMesh meshOfSphere(const sglSphere& sphere) {
   const double radius = double{sphere.getRadius()};
   const glm::dvec3 centre(radius / 2.0);
   for (unsigned row = 0; row <= rows; ++row) {
-    const double latitude = std::numbers::pi * (static_cast<double>(row) / rows - 0.5);
+    const double part = static_cast<double>(row) / rows;
+    const double latitude = std::numbers::pi * (part - 0.5);
     for (unsigned i = 0; i <= around; ++i) {
       const glm::dvec3 outward = direction(i, around) * std::cos(latitude) + glm::dvec3(0.0, 0.0, std::sin(latitude));
-      mesh.vertex(centre + outward * radius, outward);
+      mesh.vertex(centre + outward * radius, outward, {imageColumn(i, around, PlacedAxis::Down), 1.0 - part});
     }
   }
   addGrid(mesh, 0, around, rows, true);

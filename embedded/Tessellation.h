@@ -12,12 +12,13 @@
 
 namespace embedded {
 
-// The triangles of a primitive: outward faces counterclockwise, one normal a position. All three lists are always
-// there.
+// The triangles of a primitive: outward faces counterclockwise, one normal and one texture coordinate a position. All
+// four lists are always there.
 struct PrimitiveMesh {
-  sglRef<sglDataPtr> coords;   // 3 floats a vertex
-  sglRef<sglDataPtr> normals;  // 3 floats a vertex, unit length
-  sglRef<sglDataPtr> indices;  // 3 a triangle, for positions and normals alike
+  sglRef<sglDataPtr> coords;     // 3 floats a vertex
+  sglRef<sglDataPtr> normals;    // 3 floats a vertex, unit length
+  sglRef<sglDataPtr> texCoords;  // 2 floats a vertex; an image is upright on what an import has placed
+  sglRef<sglDataPtr> indices;    // 3 a triangle, for all of these alike
 };
 
 // Makes the triangles of primitives and keeps them: primitives of equal measures share their lists. A cube spans 0 to

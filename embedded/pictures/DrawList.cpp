@@ -91,14 +91,22 @@ void DrawList::addGeode(const sglGeode& geode, const glm::dmat4& world, const Le
   for (unsigned i = 0; i < geode.getNumGeometries(); ++i) {
     const auto* geoSet = dynamic_cast<const sglGeoSet*>(geode.getGeometry(i));
     if (geoSet == nullptr) continue;
-    const std::uint32_t look = lookIndex(lookOf(*geoSet, lent.texture));
-    if (dynamic_cast<const sglPrimitive*>(geoSet) != nullptr) {
-      m_primitives.push_back(m_tessellator.triangleSetOf(geoSet));
-      geoSet = m_primitives.back().get();
-    }
-    m_items.push_back({geoSet, placement, look});
+    if (const auto* primitive = dynamic_cast<const sglPrimitive*>(geoSet)) geoSet = trianglesOf(*primitive);
+    m_items.push_back({geoSet, placement, lookIndex(lookOf(*geoSet, lent.texture))});
   }
   if (m_items.size() > itemCount) m_placements.push_back({world, lent.textureMatrix});
+}
+
+// A primitive has no texture coordinates of its own; here it gets those that its triangles come with.
+const sglGeoSet* DrawList::trianglesOf(const sglPrimitive& primitive) {
+  std::unique_ptr<sglIndexedTriangleSet> set = m_tessellator.triangleSetOf(&primitive);
+  const PrimitiveMesh& mesh = m_tessellator.meshOf(primitive);
+  const StateElement* state = set->getState(0);
+  const sglStateletList states = state != nullptr ? state->getStatelets() : sglStateletList();
+  set->setState(0, states, sglTexCoords(mesh.texCoords.get(), sglTexCoords::FLOAT, 2));
+  set->setTexCoordIndexList(mesh.indices.get());
+  m_primitives.push_back(std::move(set));
+  return m_primitives.back().get();
 }
 
 std::uint32_t DrawList::lookIndex(const Look& look) {

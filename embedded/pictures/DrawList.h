@@ -71,6 +71,7 @@ class DrawList {
 
   void add(const sglNode* scene, const glm::dmat4& outer, const Lent& lent);
   void addGeode(const sglGeode& geode, const glm::dmat4& world, const Lent& lent);
+  const sglGeoSet* trianglesOf(const sglPrimitive& primitive);
   std::uint32_t lookIndex(const Look& look);
   [[nodiscard]] Lent lentBy(const CVekActor& actor);
   [[nodiscard]] const sglTexture2D* readImage(const std::string& path, const sglTexture2D& texture);

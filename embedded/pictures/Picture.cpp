@@ -32,8 +32,8 @@ struct Lamp {
 
 // The specular part is weak: materials come with a white one, which at full strength would wash their colours out.
 constexpr Lamp kLamps[] = {
-    {GL_LIGHT0, {-0.35F, 0.5F, 1.0F, 0.0F}, 0.95F, 0.25F},
-    {GL_LIGHT1, {0.8F, -0.3F, 0.5F, 0.0F}, 0.35F, 0.0F},
+    {GL_LIGHT0, {-0.35F, 0.5F, 1.0F, 0.0F}, 0.87F, 0.25F},
+    {GL_LIGHT1, {0.8F, -0.3F, 0.5F, 0.0F}, 0.32F, 0.0F},
 };
 constexpr float kAmbient = 0.3F;
 

@@ -133,4 +133,55 @@ TEST(Tessellation, MeasuresThatAreNoNumbersAreNoTrouble) {
   EXPECT_TRUE(embedded::sceneBounds(nullptr, embedded::SceneChoice::Shown).isEmpty());
 }
 
+// The texture coordinate of the vertex at a position that faces along a normal; far off without one.
+glm::dvec2 texCoordAt(const embedded::PrimitiveMesh& mesh, const glm::dvec3& position, const glm::dvec3& normal) {
+  for (std::uint32_t i = 0; i < mesh.coords->getCount() / 3; ++i) {
+    const bool isThere = glm::distance(vectorAt(*mesh.coords, i), position) < 1e-5;
+    if (!isThere || glm::distance(vectorAt(*mesh.normals, i), glm::normalize(normal)) > 1e-5) continue;
+    return {mesh.texCoords->getFloats()[std::size_t{i} * 2], mesh.texCoords->getFloats()[std::size_t{i} * 2 + 1]};
+  }
+  return {1e9, 1e9};
+}
+
+TEST(Tessellation, ImagesLieUprightOnWhatAnImportPlaces) {
+  const sglCube cube(1.0F, 2.0F, 3.0F);
+  const sglCone cone(60U, 4.0F, 1.0F);
+  const sglCylinder cylinder(80U, 10U, 2.0F, 1.0F, 1.0F, true);
+  const sglSphere sphere(100U, 30U, 2.0F);
+  const struct {
+    const char* name;
+    const sglPrimitive& primitive;
+    glm::dvec3 position;
+    glm::dvec3 normal;
+    glm::dvec2 texCoord;
+  } kRows[] = {
+      {"cube front, lower left", cube, {0, 0, 3}, {0, 0, 1}, {0, 0}},
+      {"cube front, upper right", cube, {1, 2, 3}, {0, 0, 1}, {1, 1}},
+      {"cube back, upper right", cube, {0, 2, 0}, {0, 0, -1}, {1, 1}},
+      {"cube right, lower left", cube, {1, 0, 3}, {1, 0, 0}, {0, 0}},
+      {"cube left, lower left", cube, {0, 0, 0}, {-1, 0, 0}, {0, 0}},
+      {"cube top, lower left", cube, {0, 2, 3}, {0, 1, 0}, {0, 0}},
+      {"cube bottom, lower left", cube, {0, 0, 0}, {0, -1, 0}, {0, 0}},
+      {"cylinder front, upper edge", cylinder, {0, 1, 0}, {0, 1, 0}, {0.5, 1}},
+      {"cylinder left, lower edge", cylinder, {-1, 0, 2}, {-1, 0, 0}, {0.25, 0}},
+      {"cylinder top, middle", cylinder, {0, 0, 0}, {0, 0, -1}, {0.5, 0.5}},
+      {"cylinder top, front", cylinder, {0, 1, 0}, {0, 0, -1}, {0.5, 0}},
+      {"cylinder bottom, front", cylinder, {0, 1, 2}, {0, 0, 1}, {0.5, 1}},
+      {"cone front, lower edge", cone, {0, -1, 0}, {0, -4, 1}, {0.5, 0}},
+      {"cone left, lower edge", cone, {-1, 0, 0}, {-4, 0, 1}, {0.25, 0}},
+      {"cone bottom, front", cone, {0, -1, 0}, {0, 0, -1}, {0.5, 1}},
+      {"sphere front", sphere, {1, 3, 1}, {0, 1, 0}, {0.5, 0.5}},
+      {"sphere left", sphere, {-1, 1, 1}, {-1, 0, 0}, {0.25, 0.5}},
+      {"sphere bottom", sphere, {1, 1, 3}, {0, 0, 1}, {0.75, 0}},
+  };
+  embedded::Tessellator tessellator;
+  for (const auto& row : kRows) {
+    const embedded::PrimitiveMesh& mesh = tessellator.meshOf(row.primitive);
+    ASSERT_EQ(mesh.texCoords->getCount() / 2, mesh.coords->getCount() / 3);
+    const glm::dvec2 texCoord = texCoordAt(mesh, row.position, row.normal);
+    EXPECT_NEAR(texCoord.x, row.texCoord.x, 1e-5) << row.name;
+    EXPECT_NEAR(texCoord.y, row.texCoord.y, 1e-5) << row.name;
+  }
+}
+
 }  // namespace

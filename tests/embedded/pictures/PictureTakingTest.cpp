@@ -250,6 +250,15 @@ TEST(PictureTaking, lays_a_texture_on_upright_and_mixes_it_as_its_environment_sa
   }
 }
 
+TEST(PictureTaking, lays_a_texture_on_a_primitive) {
+  auto cube = std::make_unique<sglCube>(2.0F, 2.0F, 2.0F);
+  cube->setState(0, {unlit(), material({1, 1, 1}), fourTexels(255)});
+  const auto scene = fixtures::geodeOf(std::move(cube));
+  const Shot shot = shotOf(*scene, kTop);  // onto the side that faces along z
+  expectNear(shot.mean(kLowerRight), {0, 255, 0}, 4);
+  expectNear(shot.mean(kUpperRight), {255, 255, 255}, 4);
+}
+
 TEST(PictureTaking, takes_a_texture_that_is_larger_than_the_renderer_allows) {
   const sglRef<sglTexture2D> texture(new sglTexture2D);
   constexpr unsigned kWidth = 70'000;
