@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "embedded/FileErrors.h"
+#include "embedded/FiniteNumbers.h"
 #include "embedded/Paths.h"
 #include "embedded/StageDocument.h"
 #include "tools/wrl/Delivery.h"
@@ -80,7 +81,8 @@ void reportMissing(const embedded::FileErrorLog& log, const std::string& path) {
 }  // namespace
 
 std::string writeWorld(const WriteJob& job) {
-  if (job.stager.GetSceneManager()->GetAssyRoot() == nullptr) return "there is no assembly to write";
+  const CVekAssyRoot* const root = job.stager.GetSceneManager()->GetAssyRoot();
+  if (root == nullptr) return "there is no assembly to write";
   embedded::ModuleLoader module;
   if (!openModule(module)) return "there is no module to write it";
   if (!module.canWrite()) return "the module cannot write";
@@ -89,7 +91,11 @@ std::string writeWorld(const WriteJob& job) {
   // The module's promise: zero when the whole file is written.
   errno = 0;
   module.writeModel(job.path, &job.stager);
-  return errno == 0 ? "" : std::generic_category().message(errno);
+  if (errno != 0) return std::generic_category().message(errno);
+  if (!embedded::hasOnlyFiniteNumbers(root)) {
+    std::cerr << job.folder << embedded::fileNameOf(job.path) << ": note: holds numbers that no reader takes\n";
+  }
+  return "";
 }
 
 std::string writeStage(const WriteJob& job) {

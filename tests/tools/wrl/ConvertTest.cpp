@@ -78,6 +78,43 @@ TEST(ConvertCommand, names_the_formats_it_knows) {
   EXPECT_EQ(folder.entryCount(), 1);
 }
 
+TEST(ConvertCommand, says_when_numbers_make_a_world_unreadable) {
+  const ScratchFolder folder;
+  const std::string triangle = R"({"type": "sglIndexedTriangleSet", "numPrims": 1, "coords": [0,0,0, 1,0,0, 0,1,Z],
+    "normals": [N,0,1], "coordIndex": [0,1,2], "normalIndex": [0,0,0], "states": []})";
+  const std::string document = R"({"assembly": {"type": "root", "children": [{"type": "group",
+    "matrix": [1,0,0,0, 0,1,0,0, 0,0,1,0, M,0,0,1], "children": [{"type": "mesh", "visible": VISIBLE,
+    "geode": {"geometries": [null, )" +
+                               triangle + R"(]}}]}]}})";
+  struct Row {
+    const char* z;
+    const char* normal;
+    const char* move;
+    const char* visible;
+    bool isReadable;
+  };
+  const Row rows[] = {
+      {"0", "0", "0", "true", true},     {"null", "0", "0", "true", false}, {"0", "null", "0", "true", false},
+      {"0", "0", "null", "true", false}, {"null", "0", "0", "false", true}, {"1e38", "0", "0", "true", true},
+  };
+  for (const Row& row : rows) {
+    std::string text = document;
+    const auto put = [&text](const std::string& mark, const char* value) {
+      text.replace(text.find(mark), mark.size(), value);
+    };
+    put("VISIBLE", row.visible);
+    put(",Z]", (std::string(",") + row.z + "]").c_str());
+    put("[N,", (std::string("[") + row.normal + ",").c_str());
+    put(" M,", (std::string(" ") + row.move + ",").c_str());
+    SCOPED_TRACE(text);
+    const std::string world = folder.path("a.wrl");
+    const ToolResult result = runToolWith({"convert", folder.write("a.json", text), world});
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.err, row.isReadable ? "" : world + ": note: holds numbers that no reader takes\n");
+    EXPECT_EQ(runToolWith({"check", world}).status, row.isReadable ? ExitStatus::done : ExitStatus::failed);
+  }
+}
+
 TEST(ConvertCommand, writes_nothing_for_what_does_not_load) {
   const ScratchFolder folder;
   const std::string bad = folder.write("a.wrl", "#VRML V2.0 utf8\nFog { x }\n");
