@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
@@ -18,6 +17,7 @@
 #include "embedded/MessageSink.h"
 #include "entry/loadModelWRL.h"
 #include "entry/writeModelWRL.h"
+#include "tests/embedded/TempFolder.h"
 
 namespace {
 
@@ -60,11 +60,7 @@ class OutOfMemory : public testing::Test {
     std::ofstream(m_path, std::ios::binary) << kWorld;
     embedded::setMessageSink([](unsigned, std::string_view) {});
   }
-  ~OutOfMemory() override {
-    embedded::setMessageSink({});
-    std::remove(m_path.c_str());
-    std::remove(m_output.c_str());
-  }
+  ~OutOfMemory() override { embedded::setMessageSink({}); }
 
   void SetUp() override {
     void* const module = dlopen(MODULE_PATH, RTLD_NOW | RTLD_LOCAL);
@@ -89,8 +85,9 @@ class OutOfMemory : public testing::Test {
     }
   }
 
-  const std::string m_path = testing::TempDir() + "wrl-out-of-memory.wrl";
-  const std::string m_output = testing::TempDir() + "wrl-out-of-memory-out.wrl";
+  const fixtures::TempFolder m_folder;
+  const std::string m_path = m_folder.path("a.wrl");
+  const std::string m_output = m_folder.path("out.wrl");
   decltype(&loadModelWRL) m_load = nullptr;
   decltype(&writeModelWRL) m_write = nullptr;
 };

@@ -8,7 +8,6 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -16,6 +15,7 @@
 #include "embedded/LoaderSettings.h"
 #include "embedded/MessageSink.h"
 #include "embedded/ModuleLoader.h"
+#include "tests/embedded/TempFolder.h"
 
 namespace {
 
@@ -24,11 +24,7 @@ static_assert(noexcept(loadModelWRL(std::string(), 0)), "the host is not built t
 class EntryPoint : public testing::Test {
  protected:
   EntryPoint() { embedded::resetLoaderSettings(); }
-  ~EntryPoint() override {
-    embedded::resetLoaderSettings();
-    std::error_code ignored;
-    std::filesystem::remove(m_path, ignored);
-  }
+  ~EntryPoint() override { embedded::resetLoaderSettings(); }
 
   void SetUp() override { ASSERT_TRUE(m_module.open(MODULE_PATH)) << m_module.errorText(); }
 
@@ -37,7 +33,8 @@ class EntryPoint : public testing::Test {
     return m_module.loadModel(m_path, flags);
   }
 
-  const std::string m_path = testing::TempDir() + "wrl-entry-point.wrl";
+  const fixtures::TempFolder m_folder;
+  const std::string m_path = m_folder.path("a.wrl");
   embedded::ModuleLoader m_module;
 };
 
@@ -91,10 +88,8 @@ TEST_F(ModuleFile, keeps_its_memory_from_one_opening_to_the_next) {
     return texture->setImage(1, 1, sglTexture::FORMAT_RGB, {1, 2, 3});
   };
   // The reader takes any file for an image, the world too.
-  const std::string image = m_path.substr(m_path.rfind('/') + 1);
   std::ofstream(m_path, std::ios::binary) << "#VRML V2.0 utf8\nShape { appearance Appearance { texture ImageTexture { "
-                                             "url \""
-                                          << image << "\" } } geometry Box { } }\nDEF v Viewpoint { }\nUSE v\n";
+                                             "url \"a.wrl\" } } geometry Box { } }\nDEF v Viewpoint { }\nUSE v\n";
   for (int i = 0; i < 5; ++i) {
     // As plainly as a host can: without a wish that the module should stay.
     void* const module = dlopen(MODULE_PATH, RTLD_NOW | RTLD_LOCAL);

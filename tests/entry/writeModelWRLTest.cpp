@@ -15,6 +15,7 @@
 
 #include "embedded/LoaderSettings.h"
 #include "embedded/ModuleLoader.h"
+#include "tests/embedded/TempFolder.h"
 
 namespace {
 
@@ -22,11 +23,7 @@ static_assert(noexcept(writeModelWRL(std::string(), nullptr)), "the host is not 
 
 class ExportEntryPoint : public testing::Test {
  protected:
-  ~ExportEntryPoint() override {
-    embedded::resetLoaderSettings();
-    std::error_code ignored;
-    std::filesystem::remove(m_path, ignored);
-  }
+  ~ExportEntryPoint() override { embedded::resetLoaderSettings(); }
 
   void SetUp() override {
     ASSERT_TRUE(m_module.open(MODULE_PATH)) << m_module.errorText();
@@ -38,7 +35,8 @@ class ExportEntryPoint : public testing::Test {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   }
 
-  const std::string m_path = testing::TempDir() + "wrl-export-entry-point.wrl";
+  const fixtures::TempFolder m_folder;
+  const std::string m_path = m_folder.path("a.wrl");
   embedded::ModuleLoader m_module;
   CVekStager m_stager;
 };
