@@ -45,6 +45,15 @@ if(TARGET vekhost)
   install(FILES "${PROJECT_BINARY_DIR}/wrl.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 endif()
 
+# What the command says of itself, for man and the shells.
+if(TARGET wrl AND NOT CMAKE_CROSSCOMPILING)
+  set(shared "${PROJECT_BINARY_DIR}/share")
+  install(FILES "${shared}/wrl.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+  install(FILES "${shared}/wrl.bash" DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME wrl)
+  install(FILES "${shared}/_wrl" DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/site-functions")
+  install(FILES "${shared}/wrl.fish" DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+endif()
+
 # Documents and examples; the licence under the name that Debian wants.
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}" RENAME copyright)

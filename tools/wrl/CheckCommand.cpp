@@ -42,6 +42,14 @@ class CheckCommand : public Command {
     addHostOptions(app, m_options);
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl check garden.wrl", "whether it can be read, and what an import drops"},
+        {"wrl check --textures *.wrl", "the same where the host reads texture images"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const HostSetUp host(m_options);
     Output output("");

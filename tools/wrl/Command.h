@@ -16,6 +16,12 @@ enum class ExitStatus : int {
   usage = 2,   // the command line asks for nothing that exists
 };
 
+/// A call that shows what a subcommand is good for.
+struct CommandExample {
+  const char* call;    // the whole line, "wrl info garden.wrl"
+  const char* effect;  // what it does, a phrase without a full stop
+};
+
 /// One subcommand: its options, and what it does with them.
 class Command {
  public:
@@ -26,6 +32,9 @@ class Command {
 
   /// Declares the arguments. What they are parsed into lives in this object.
   virtual void addOptions(CLI::App& app) = 0;
+
+  /// For the help and the manual, simplest first.
+  [[nodiscard]] virtual std::span<const CommandExample> examples() const { return {}; }
 
   /// Does the work after the arguments have been parsed.
   [[nodiscard]] virtual ExitStatus run() = 0;

@@ -15,6 +15,9 @@ std::unique_ptr<Command> makeStageCommand();
 std::unique_ptr<Command> makeExportCommand();
 std::unique_ptr<Command> makeConvertCommand();
 std::unique_ptr<Command> makeRenderCommand();
+std::unique_ptr<Command> makeFormatsCommand();
+std::unique_ptr<Command> makeManualCommand();
+std::unique_ptr<Command> makeCompletionCommand();
 
 std::span<const CommandEntry> commandTable() {
   static constexpr std::array kCommands = {
@@ -30,6 +33,9 @@ std::span<const CommandEntry> commandTable() {
       CommandEntry{"convert", "Reads a file and writes it in another format, each told by its extension.",
                    makeConvertCommand},
       CommandEntry{"render", "Draws a picture of a file off screen, as PNG.", makeRenderCommand},
+      CommandEntry{"formats", "Lists the formats that are read and written.", makeFormatsCommand},
+      CommandEntry{"manual", "Prints the manual page, as roff.", makeManualCommand},
+      CommandEntry{"completion", "Prints a script that completes wrl's arguments in a shell.", makeCompletionCommand},
   };
   return kCommands;
 }

@@ -21,6 +21,14 @@ class ConvertCommand : public Command {
     addUpAxis(app, m_options);
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl convert garden.wrl clean.wrl", "a world through import and export"},
+        {"wrl convert garden.wrl garden.json", "a world as a stage document"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const ReaderFormat* const reader = readerOf(m_input);
     const WriterFormat* const writer = writerOf(m_output);

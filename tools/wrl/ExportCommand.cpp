@@ -17,6 +17,13 @@ class ExportCommand : public Command {
     addPath(app, "OUT.wrl", m_output, "The file to write; textures go into the folder Textures beside it")->required();
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl export garden.json garden.wrl", "a stage document as a world"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const LoadedStage stage = readStage(m_stage);
     if (stage.failed) return ExitStatus::failed;

@@ -62,6 +62,10 @@ const ReaderFormat* readerOf(const std::string& file) {
 
 const WriterFormat* writerOf(const std::string& file) { return find(kWriters, extensionOf(file)); }
 
+std::span<const ReaderFormat> readerFormats() { return kReaders; }
+
+std::span<const WriterFormat> writerFormats() { return kWriters; }
+
 std::string optionError(const std::string& file, const HostOptions& options) {
   const ReaderFormat* const format = readerOf(file);
   if (format == nullptr || format->hasUpAxis || !options.up) return "";

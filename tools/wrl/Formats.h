@@ -44,6 +44,10 @@ struct WriterFormat {
 [[nodiscard]] const ReaderFormat* readerOf(const std::string& file);
 [[nodiscard]] const WriterFormat* writerOf(const std::string& file);
 
+/// Both tables, in the order of the messages.
+[[nodiscard]] std::span<const ReaderFormat> readerFormats();
+[[nodiscard]] std::span<const WriterFormat> writerFormats();
+
 /// Why these options cannot be meant for a file of that name, one line without its end; "" when they can.
 [[nodiscard]] std::string optionError(const std::string& file, const HostOptions& options);
 

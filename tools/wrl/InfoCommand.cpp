@@ -98,6 +98,14 @@ class InfoCommand : public Command {
     addHostOptions(app, m_options);
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl info garden.wrl", "what a world holds, behind the module's own statistics"},
+        {"wrl info --no-stats garden.wrl", "the summary alone"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     std::optional<LoadedScene> loaded = loadScene(m_file, m_options);
     if (!loaded || loaded->failed) return ExitStatus::failed;

@@ -22,6 +22,14 @@ class NodesCommand : public Command {
     app.add_flag("--no-resolve", m_keepReferences, "Skip the pass that resolves references and loads Inline files");
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl nodes garden.wrl -o clean.wrl", "the world, written anew"},
+        {"wrl nodes --no-resolve garden.wrl", "with its USE references kept"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const InputPath input = inputPath(m_file);
     if (!input.error.empty()) {

@@ -31,6 +31,14 @@ class RenderCommand : public Command {
         ->group("Host settings");
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl render garden.wrl garden.png", "a picture of all of it"},
+        {"wrl render --size 320x240 --view top garden.wrl garden.png", "a small one from above"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const std::string error = optionError(m_file, m_host);
     if (!error.empty()) {

@@ -19,6 +19,15 @@ class SceneCommand : public Command {
     addHostOptions(app, m_options);
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl scene garden.wrl -o scene.json", "the host's scene graph and the messages of the load"},
+        {"wrl scene --textures --search images garden.wrl", "with images from the folder images"},
+        {"wrl scene --veto onParse:Shape garden.wrl", "as when the host's hook refuses every shape"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const std::optional<LoadedScene> loaded = loadScene(m_file, m_options);
     if (!loaded) return ExitStatus::failed;

@@ -24,6 +24,13 @@ class StageCommand : public Command {
     addUpAxis(app, m_options);
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl stage garden.wrl -o garden.json", "a stage document to look at, change and export"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const std::string error = optionError(m_file, m_options);
     if (!error.empty()) {

@@ -21,6 +21,14 @@ class TokensCommand : public Command {
     app.add_flag("--wide", m_wide, "List by the wide rules of the second reading");
   }
 
+  [[nodiscard]] std::span<const CommandExample> examples() const override {
+    static constexpr CommandExample kExamples[] = {
+        {"wrl tokens garden.wrl", "the tokens, one a line"},
+        {"wrl tokens --wide garden.wrl", "the same by the rules of the second reading"},
+    };
+    return kExamples;
+  }
+
   ExitStatus run() override {
     const InputPath input = inputPath(m_file);
     if (!input.error.empty()) {

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -18,20 +19,31 @@ namespace wrl {
 
 namespace {
 
-constexpr const char* kVersion = "wrl " WRL_VERSION;
-
 struct ParsedCommand {
   CLI::App* app;
   std::unique_ptr<Command> command;
 };
 
+// The examples as the help shows them, calls and effects in two columns.
+std::string exampleText(const Command& command) {
+  std::size_t width = 0;
+  for (const CommandExample& example : command.examples()) width = std::max(width, std::strlen(example.call));
+  std::string text;
+  for (const CommandExample& example : command.examples()) {
+    text += text.empty() ? "Examples:\n  " : "\n  ";
+    text.append(example.call).append(width + 2 - std::strlen(example.call), ' ').append(example.effect);
+  }
+  return text;
+}
+
 std::vector<ParsedCommand> addCommands(CLI::App& app) {
   std::vector<ParsedCommand> commands;
   for (const CommandEntry& entry : commandTable()) {
     CLI::App* const sub = app.add_subcommand(entry.name, entry.description);
-    sub->set_version_flag("--version", kVersion);
+    sub->set_version_flag("--version", toolVersion());
     commands.push_back({sub, entry.make()});
     commands.back().command->addOptions(*sub);
+    sub->footer(exampleText(*commands.back().command));
   }
   return commands;
 }
@@ -55,9 +67,10 @@ ExitStatus runParsed(const std::vector<ParsedCommand>& commands) {
 }
 
 ExitStatus parseAndRun(int argumentCount, const char* const* arguments) {
-  CLI::App app("Reads VRML97 files and shows what a host application gets of them.", "wrl");
-  app.set_version_flag("--version", kVersion);
+  CLI::App app(kToolDescription, "wrl");
+  app.set_version_flag("--version", toolVersion());
   app.require_subcommand(1);
+  app.footer("wrl COMMAND --help shows a command's options, with examples.");
   const std::vector<ParsedCommand> commands = addCommands(app);
   std::vector<std::string> words = protectWords(std::max(argumentCount, 1) - 1, arguments + 1);
   std::reverse(words.begin(), words.end());  // the parser takes them from the back
@@ -70,6 +83,8 @@ ExitStatus parseAndRun(int argumentCount, const char* const* arguments) {
 }
 
 }  // namespace
+
+const char* toolVersion() { return "wrl " WRL_VERSION; }
 
 ExitStatus runTool(int argumentCount, const char* const* arguments) {
   try {
