@@ -1,6 +1,6 @@
 // The rotation is that of the frame made orthonormal along its z axis; an axis that turned round meanwhile was
-// mirrored. Square roots are taken in single precision and everything else in double, so that the digits written are
-// the same wherever the export runs.
+// mirrored. Lengths and the rotation's square roots are taken in single precision and the rest of the rotation in
+// double, so that the digits written are the same wherever the export runs.
 
 #include "export/GroupTransform.h"
 

@@ -43,7 +43,7 @@ struct VectorList {
 };
 
 /// What a face set is made of. Texture coordinates without values are left out whole; so are normals without
-/// `hasNormals`.
+/// `hasNormals`, which asks whether the host has a list, not what it holds.
 struct FaceSetParts {
   VectorList points;
   Indices coordIndices;
@@ -124,7 +124,7 @@ FaceSetParts partsOf(const CVekActor& actor, const sglIndexedGeoSet& set, std::s
   parts.texCoords = {textureCoordinates(actor, set), reachOf(parts.texCoordIndices)};
   parts.normalIndices = used(indicesOf(set.getNormalIndexList()));
   parts.normals = {floatsOf(set.getNormalList()), reachOf(parts.normalIndices)};
-  parts.hasNormals = !indicesOf(set.getNormalIndexList()).empty();
+  parts.hasNormals = set.getNormalIndexList() != nullptr;
   return parts;
 }
 
@@ -135,7 +135,7 @@ FaceSetParts partsOf(const CVekActor& actor, const sglGeoSet& set, Indices indic
   parts.points = {floatsOf(set.getCoordList()), count};
   parts.texCoords = {textureCoordinates(actor, set), count};
   parts.normals = {floatsOf(set.getNormalList()), count};
-  parts.hasNormals = !parts.normals.values.empty();
+  parts.hasNormals = set.getNormalList() != nullptr;
   return parts;
 }
 

@@ -224,6 +224,28 @@ TEST(ShapeGeometry, TrianglesAsFarAsThePointsGo) {
   for (const Row& row : rows) EXPECT_EQ(textOf<sglTriangleSet>(row.lists), row.expected) << row.name;
 }
 
+TEST(ShapeGeometry, NormalsAreWrittenWhenTheirListIsThereEvenIfItIsEmpty) {
+  CVekActorMesh actor;
+  const auto text = [&actor](auto* set) { return written([&](std::FILE* file) { write(file, &actor, set); }); };
+  const auto faceSetWithNormals = [](const std::string& normals, const std::string& indices) {
+    return "geometry IndexedFaceSet{\ncoord Coordinate{\npoint[\n" + kThreePoints +
+           "]\n}\ncoordIndex[\n0 1 2 -1]\nnormalPerVertex TRUE\nnormal Normal {\n" + normals + "}\nnormalIndex[\n" +
+           indices + "]}}\n";
+  };
+  const auto indexed = geoSet<sglIndexedTriangleSet>({.normals = {0, 0, 1, 0, 1, 0}});
+  indexed->setNormalIndexList(new sglDataPtr(Indices()));
+  EXPECT_EQ(text(indexed.get()), faceSetWithNormals("vector[\n0.000000 0.000000 1.000000]\n", ""));
+  const auto strips = geoSet<sglIndexedTriangleStripSet>({.lengths = {3}});
+  strips->setNormalIndexList(new sglDataPtr(Indices()));
+  EXPECT_EQ(text(strips.get()), faceSetWithNormals("", ""));
+  const auto monoStrips = geoSet<sglMonoIndexedTriangleStripSet>({.lengths = {3}});
+  monoStrips->setNormalList(new sglDataPtr(Floats()), sglGeoSet::BIND_PER_VERTEX);
+  EXPECT_EQ(text(monoStrips.get()), faceSetWithNormals("", "0 1 2 -1"));
+  const auto soup = geoSet<sglTriangleSet>();
+  soup->setNormalList(new sglDataPtr(Floats()), sglGeoSet::BIND_PER_VERTEX);
+  EXPECT_EQ(text(soup.get()), faceSetWithNormals("", "0 1 2 -1"));
+}
+
 TEST(ShapeGeometry, TextureCoordinatesAreFoundUnderFourConditions) {
   const float other = 7.0F;
   const float* const untouched = &other;
