@@ -82,15 +82,16 @@ class GlbBuilder : public AssemblyVisitor {
 
   bool enter(const CVekAssyNode* node, const glm::dmat4&) override {
     if (node == nullptr) return false;
+    const auto* group = dynamic_cast<const CVekAssyGroup*>(node);
     if (node == m_uprightGroup) {
-      m_open.push_back(m_open.back());
+      m_open.push_back({m_open.back().node, group});
       return true;
     }
     if (const auto* actor = dynamic_cast<const CVekActor*>(node)) {
       addActor(*actor);
       return false;
     }
-    m_open.push_back(addNode(nameOf(*node), matrixOf(*node)));
+    m_open.push_back({addNode(nameOf(*node), matrixOf(*node)), group});
     return true;
   }
 
@@ -105,6 +106,12 @@ class GlbBuilder : public AssemblyVisitor {
   }
 
  private:
+  // A group that the walk is in.
+  struct Open {
+    int node;  // what its children go below
+    const CVekAssyGroup* group;
+  };
+
   // A node without any property would be written as null, which is no node.
   static void sayIfNothing(tinygltf::Node& node) {
     const bool isPlaced = !node.translation.empty() || !node.rotation.empty() || !node.scale.empty();
@@ -133,7 +140,7 @@ class GlbBuilder : public AssemblyVisitor {
       m_notes.add("a placement without finite numbers counts as none");
       placements.emplace();
     }
-    const int outer = appendNode(m_open.empty() ? -1 : m_open.back(), name, placements->outer);
+    const int outer = appendNode(m_open.empty() ? -1 : m_open.back().node, name, placements->outer);
     return placements->inner ? appendNode(outer, "", *placements->inner) : outer;
   }
 
@@ -151,6 +158,13 @@ class GlbBuilder : public AssemblyVisitor {
     return number;
   }
 
+  // Whether an actor is all that its group is there for: a node of glTF shows a mesh itself.
+  [[nodiscard]] bool isItsGroup(const CVekActor& actor) const {
+    const CVekAssyGroup* group = m_open.empty() ? nullptr : m_open.back().group;
+    return group != nullptr && group->GetChilds().size() == 1 && group->GetName() == actor.GetName() &&
+           actor.GetMatLocalToParent() == sglMat4<float>();
+  }
+
   void addActor(const CVekActor& actor) {
     const auto* geode = dynamic_cast<const sglGeode*>(actor.GetPresentable());
     if (geode == nullptr || !actor.IsDisplayed() || dynamic_cast<const CVekActorMesh*>(&actor) == nullptr) return;
@@ -160,7 +174,7 @@ class GlbBuilder : public AssemblyVisitor {
       addPrimitive(actor, geode->getGeometry(i), mesh);
     }
     if (mesh.primitives.empty()) return;
-    const int node = addNode(mesh.name, matrixOf(actor));
+    const int node = isItsGroup(actor) ? m_open.back().node : addNode(mesh.name, matrixOf(actor));
     m_model.nodes[static_cast<std::size_t>(node)].mesh = static_cast<int>(m_model.meshes.size());
     m_model.meshes.push_back(std::move(mesh));
   }
@@ -203,7 +217,7 @@ class GlbBuilder : public AssemblyVisitor {
   GltfBuffer m_buffer;
   GltfMaterials m_materials;
   Tessellator m_tessellator;
-  std::vector<int> m_open;  // for each group that the walk is in, the node that its children go below
+  std::vector<Open> m_open;
   bool m_isTooLarge = false;
 };
 

@@ -17,6 +17,7 @@
 #include <cmath>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "embedded/Matrix.h"
@@ -118,10 +119,17 @@ std::optional<MeanColor> meanColorOf(const aiMesh& mesh) {
   return mean;
 }
 
+// A name as the file has it. assimp calls what has none in a glTF file by its place there, as in "nodes[3]".
+std::string nameOf(const aiString& name, const MeshSource& source) {
+  const std::string_view text(name.C_Str());
+  const bool isMade = source.isLinear && (text.starts_with("nodes[") || text.starts_with("meshes["));
+  return isMade ? "" : std::string(text);
+}
+
 class Builder {
  public:
   Builder(const aiScene& scene, const MeshSource& source, MeshNotes& notes)
-      : m_scene(scene), m_up(source.up), m_materials(scene, source, notes), m_meshes(scene.mNumMeshes) {}
+      : m_scene(scene), m_source(source), m_materials(scene, source, notes), m_meshes(scene.mNumMeshes) {}
 
   void build(CVekAssyRoot& root) {
     m_open.push_back({m_scene.mRootNode, &root});
@@ -141,8 +149,8 @@ class Builder {
   void addNode(const aiNode& node, CVekAssyGroup& parent) {
     auto owned = std::make_unique<CVekKAssyGroup>();
     CVekKAssyGroup& group = *owned;
-    group.SetName(node.mName.C_Str());
-    const bool isTurned = &node == m_scene.mRootNode && m_up == UpAxis::Y;
+    group.SetName(nameOf(node.mName, m_source));
+    const bool isTurned = &node == m_scene.mRootNode && m_source.up == UpAxis::Y;
     const glm::dmat4 matrix = wideMatrixOf(node.mTransformation);
     group.SetMatLocalToParent(hostMatrix(isTurned ? innerThenOuter(matrix, kYToZ) : matrix));
     parent.AddChild(owned.release());
@@ -159,10 +167,10 @@ class Builder {
     auto set = std::make_unique<sglIndexedTriangleSet>();
     fill(*set, lists, looks);
     auto geode = std::make_unique<sglGeode>();
-    geode->setName(mesh.mName.C_Str());
+    geode->setName(nameOf(mesh.mName, m_source));
     geode->addGeometry(set.release());
     auto actor = std::make_unique<CVekActorMesh>();
-    actor->SetName(mesh.mName.length > 0 ? CString(mesh.mName.C_Str()) : parent.GetName());
+    actor->SetName(geode->getName().empty() ? parent.GetName() : geode->getName());
     actor->SetPresentable(geode.release());
     if (lists.texCoords.values && !looks.texturePath.empty()) setTexture(*actor, looks);
     parent.AddChild(actor.release());
@@ -228,7 +236,7 @@ class Builder {
   }
 
   const aiScene& m_scene;
-  UpAxis m_up;
+  const MeshSource& m_source;
   MaterialReader m_materials;
   std::vector<std::optional<MeshLists>> m_meshes;  // by number, made when they are first shown
   std::vector<Open> m_open;                        // nodes that are still to come

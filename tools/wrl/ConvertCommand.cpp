@@ -37,6 +37,7 @@ class ConvertCommand : public Command {
       std::cerr << error << '\n';
       return ExitStatus::usage;
     }
+    if (writer->namesImages) m_options.unpackFolder = unpackFolderBeside(m_output);
     const LoadedStage stage = reader->read(m_input, m_options);
     if (stage.failed) return ExitStatus::failed;
     return deliverStage(*writer, m_output, *stage.stager) ? ExitStatus::done : ExitStatus::failed;

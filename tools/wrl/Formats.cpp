@@ -7,6 +7,8 @@
 
 #include "embedded/Paths.h"
 #include "tools/wrl/Input.h"
+#include "tools/wrl/MeshInput.h"
+#include "tools/wrl/MeshOutput.h"
 #include "tools/wrl/PictureOutput.h"
 #include "tools/wrl/StageOutput.h"
 
@@ -19,11 +21,18 @@ constexpr std::string_view kWorld = "wrl";
 constexpr std::array kReaders = {
     ReaderFormat{kWorld, "VRML97 world", readWorld},
     ReaderFormat{"json", "stage document", readStageByOptions, false},
+    ReaderFormat{"glb", "binary glTF model", readMesh},
+    ReaderFormat{"gltf", "glTF model", readMesh},
+    ReaderFormat{"obj", "OBJ model", readMesh},
+    ReaderFormat{"stl", "STL model", readMesh},
+    ReaderFormat{"ply", "PLY model", readMesh},
+    ReaderFormat{"dae", "COLLADA model", readMesh},
 };
 
 constexpr std::array kWriters = {
-    WriterFormat{kWorld, "VRML97 world", writeWorld},
-    WriterFormat{"json", "stage document", writeStage},
+    WriterFormat{kWorld, "VRML97 world", writeWorld},   WriterFormat{"json", "stage document", writeStage, true},
+    WriterFormat{"glb", "binary glTF model", writeGlb}, WriterFormat{"obj", "OBJ model", writeObj},
+    WriterFormat{"stl", "STL model", writeStl},         WriterFormat{"ply", "PLY model", writePly},
     WriterFormat{"png", "picture", writePicture},
 };
 

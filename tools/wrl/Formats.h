@@ -37,6 +37,8 @@ struct WriterFormat {
 
   /// Writes the file; why it could not, or "". What it leaves behind after a failure is never seen.
   std::string (*write)(const WriteJob& job);
+
+  bool namesImages = false;  // whether the file names images where they lie, instead of bringing copies of them
 };
 
 /// The format of a file by the extension of its name, in either case; null for one that is not known, or without one.

@@ -21,6 +21,10 @@ struct HostOptions {
   std::vector<std::string> vetoes;         // --veto: event texts that the hook answers with false
   bool trace = false;                      // --trace: the hook's calls on standard error
   std::optional<embedded::UpAxis> up;      // --up: the axis that is up in the file, if not what its format says
+
+  // Not on the command line: the folder in which images inside a model are unpacked when they are to stay; "" where
+  // they must be left out. Without one they are there for as long as what was loaded.
+  std::optional<std::string> unpackFolder;
 };
 
 /// Declares the options in a group of their own.

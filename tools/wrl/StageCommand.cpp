@@ -10,6 +10,7 @@
 #include "tools/wrl/HostOptions.h"
 #include "tools/wrl/Output.h"
 #include "tools/wrl/StageInput.h"
+#include "tools/wrl/StageOutput.h"
 
 namespace wrl {
 
@@ -37,6 +38,7 @@ class StageCommand : public Command {
       std::cerr << error << '\n';
       return ExitStatus::usage;
     }
+    m_options.unpackFolder = unpackFolderBeside(m_output);
     const LoadedStage stage = loadStage(m_file, m_options);
     if (stage.stager == nullptr) return ExitStatus::failed;
     Output output(m_output);

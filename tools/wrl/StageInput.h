@@ -14,6 +14,8 @@ namespace wrl {
 struct LoadedStage {
   std::unique_ptr<CVekStager> stager;  // null when there is nothing to show for the input at all
   bool failed = false;                 // the input could not be loaded; said on standard error
+  // Temporary files that the assembly names and that go with this; null when there are none.
+  std::shared_ptr<const void> files = nullptr;
 };
 
 /// Reads a stage document; "-" is standard input, and relative paths in it are taken relative to the current folder

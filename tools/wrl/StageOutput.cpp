@@ -104,6 +104,10 @@ std::string writeStage(const WriteJob& job) {
   return output.finish() ? "" : output.reason();
 }
 
+std::string unpackFolderBeside(const std::string& path) {
+  return path.empty() || path == "-" ? "" : folderOf(path) + kTextures;
+}
+
 bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager) {
   Delivery delivery(path);
   const embedded::FileErrorLog log;

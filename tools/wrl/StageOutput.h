@@ -14,6 +14,10 @@ namespace wrl {
 /// Writes a stage document; why it could not, or "".
 [[nodiscard]] std::string writeStage(const WriteJob& job);
 
+/// Where images inside a model are unpacked when the output only names them: a folder beside it. "", nowhere, for
+/// standard output.
+[[nodiscard]] std::string unpackFolderBeside(const std::string& path);
+
 /// Writes a file of that format. Failures are told on standard error.
 [[nodiscard]] bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager);
 

@@ -97,6 +97,19 @@ TEST(GlbWriter, GroupsAndActorsBecomeNodesWithTheirNames) {
   EXPECT_EQ(model.accessors.size(), 3U) << "equal lists are stored once";
 }
 
+TEST(GlbWriter, AGroupThatIsThereForOneActorIsItsNode) {
+  auto group = fixtures::groupAt(fixtures::uprightTurn(), "");
+  group->AddChild(fixtures::groupAt({}, "a", fixtures::actorOf(fixtures::square({}), "a")).release());
+  group->AddChild(fixtures::groupAt({}, "b", fixtures::actorOf(fixtures::square({}), "other")).release());
+  auto moved = fixtures::actorOf(fixtures::square({}), "c");
+  moved->SetMatLocalToParent(fixtures::translation(1, 0, 0));
+  group->AddChild(fixtures::groupAt({}, "c", std::move(moved)).release());
+  auto two = fixtures::groupAt({}, "d", fixtures::actorOf(fixtures::square({}), "d"));
+  two->AddChild(fixtures::actorOf(fixtures::square({}), "d").release());
+  group->AddChild(two.release());
+  EXPECT_EQ(treeOf(modelOf(*fixtures::rootOf(std::move(group)))), "root(a*()b(other*())c(c*())d(d*()d*()))");
+}
+
 TEST(GlbWriter, WhatHasZUpIsTurned) {
   auto root = fixtures::rootOf(fixtures::groupAt(fixtures::translation(0, 0, 1), "moved"));
   const tinygltf::Model model = modelOf(*root);

@@ -291,6 +291,14 @@ TEST(MeshReader, GltfNodesAndLooks) {
   EXPECT_NEAR(surfaceOf(*treeOf(*opaque).actors.at(0)).shininess, 64.0, 0.01);
 }
 
+TEST(MeshReader, WhatHasNoNameInGltfGetsNone) {
+  std::string text = gltf("");
+  for (const std::string name : {R"("name":"Leaf",)", R"("name":"Tri",)"}) text.erase(text.find(name), name.size());
+  const TempFolder folder;
+  folder.write("a.gltf", text);
+  EXPECT_EQ(treeOf(*read(folder.path("a.gltf"))).text, "a(Top((*())))");
+}
+
 // An assembly of one textured square and the .glb file of it.
 void writeTexturedGlb(const TempFolder& folder, const std::string& name, unsigned channels = 3) {
   writeImage(folder.path("source.png"), channels);
