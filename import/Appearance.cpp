@@ -19,6 +19,7 @@
 #include "import/ShapeParts.h"
 #include "import/sglLoadFile_wrl.h"
 #include "vrml/nodes/ImageTextureNode.h"
+#include "vrml/nodes/InlineNode.h"
 #include "vrml/nodes/MaterialNode.h"
 #include "vrml/nodes/PixelTextureNode.h"
 
@@ -92,6 +93,7 @@ void sglLoadFile_wrl::convertMaterial(const vrml::MaterialNode& node, ShapeParts
 
 sglRef<sglTexture2D> sglLoadFile_wrl::convertImageTexture(const vrml::ImageTextureNode& node) {
   const std::string url = firstUrl(node);
+  m_inlineDir = sglDataLoader::extractDirectoryFromPath(vrml::inlinedFileOf(node));
   sglTexture2D* const texture = createTexture(url, node.getRepeatS(), node.getRepeatT());
   if (texture == nullptr) warn("Texture: ", url, " not found.\n");
   return texture;
@@ -130,11 +132,14 @@ void sglLoadFile_wrl::addTextureStates(const sglRef<sglTexture2D>& texture, Shap
 sglTexture2D* sglLoadFile_wrl::createTexture(const std::string& name, bool repeatS, bool repeatT) {
   if (const auto cached = s_tex_map.find(name); cached != s_tex_map.end()) return cached->second.get();
 
-  std::string path;
-  if (!sglDataLoader::findFile(name, nullptr, path) && !sglDataLoader::findFile(name, m_modelDir.c_str(), path))
-    return nullptr;
   const auto readImage = imageReader();
+  std::string path;
+  bool isFound =
+      sglDataLoader::findFile(name, nullptr, path) || sglDataLoader::findFile(name, m_modelDir.c_str(), path);
   if (readImage == nullptr) return nullptr;
+  // An inlined file means its own folder.
+  if (!isFound && !m_inlineDir.empty()) isFound = sglDataLoader::findFile(name, m_inlineDir.c_str(), path);
+  if (!isFound) return nullptr;
   sglRef<sglTexture2D> texture = new sglTexture2D;
   if (!readImage(path, texture.get())) return nullptr;
   setUpTexture(*texture, texture->getImageFormat(), texture->getWidth(), texture->getHeight(), repeatS, repeatT);

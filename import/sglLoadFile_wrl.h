@@ -134,7 +134,8 @@ class sglLoadFile_wrl {
 
   // Settings and state. What is called `m_spare...` is a setting that no step consults.
   std::unordered_map<std::string, sglNode*> m_nodeTable;
-  std::string m_modelDir;                     // the folder of the file, where textures are searched last
+  std::string m_modelDir;                     // the folder of the file, where textures are searched
+  std::string m_inlineDir;                    // the folder of the inlined file that a texture stands in, or ""
   std::unique_ptr<vrml::SceneGraph> m_scene;  // the parsed file
   bool m_spareFlag = false;
   bool m_printStats = true;

@@ -347,6 +347,25 @@ TEST_F(TextureFiles, are_searched_along_the_hosts_paths_first) {
   EXPECT_EQ(textureOf(loaded.drawable())->getWidth(), 1U);
 }
 
+TEST_F(TextureFiles, of_an_inlined_file_are_searched_beside_it_last) {
+  const std::string world = "#VRML V2.0 utf8\n";
+  write("sub/part.wrl",
+        world + shape("texture ImageTexture { url \"../images/a.img\" }") + "Inline { url \"deep/er.wrl\" }");
+  write("sub/deep/er.wrl",
+        world + shape("texture ImageTexture { url \"b.img\" }") + shape("texture ImageTexture { url \"both.img\" }"));
+  write("images/a.img", "1 1 3");
+  write("sub/deep/b.img", "2 1 3");
+  write("sub/deep/both.img", "3 1 3");
+  write("both.img", "4 1 3");
+  const Loaded loaded =
+      load("DEF part Inline { url \"sub/part.wrl\" }" + shape("texture ImageTexture { url \"c.img\" }"));
+  EXPECT_EQ(loaded.report(), "2[Texture: c.img not found.\n]");
+  for (unsigned i = 0; i < 3; ++i) {
+    ASSERT_NE(textureOf(loaded.drawable(i)), nullptr) << i;
+    EXPECT_EQ(textureOf(loaded.drawable(i))->getWidth(), i == 2 ? 4U : i + 1) << i;
+  }
+}
+
 TEST_F(TextureFiles, that_cannot_be_read_are_not_found) {
   write("broken.img", "no numbers");
   const Loaded loaded = load(shape("texture ImageTexture { url \"broken.img\" }") +

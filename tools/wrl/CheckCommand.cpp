@@ -27,12 +27,15 @@ std::string withLine(const vrml::Note& note) {
   return text;
 }
 
-// Whether the host can read the file of a texture that a model in that folder names. Finds it as the import does.
-bool readsImage(const std::string& url, const std::string& folder) {
+// Whether the host can read the file of a texture that a model in that folder names, perhaps in a file that it inlines.
+// Finds it as the import does.
+bool readsImage(const std::string& url, const std::string& folder, const std::string& inlinedFile) {
   std::string found;
+  bool isFound = sglDataLoader::findFile(url, nullptr, found) || sglDataLoader::findFile(url, folder.c_str(), found);
+  const std::string inlineFolder = sglDataLoader::extractDirectoryFromPath(inlinedFile);
+  if (!isFound && !inlineFolder.empty()) isFound = sglDataLoader::findFile(url, inlineFolder.c_str(), found);
   embedded::Raster raster;
-  return (sglDataLoader::findFile(url, nullptr, found) || sglDataLoader::findFile(url, folder.c_str(), found)) &&
-         embedded::readImageFile(found, raster);
+  return isFound && embedded::readImageFile(found, raster);
 }
 
 class CheckCommand : public Command {
@@ -91,7 +94,11 @@ class CheckCommand : public Command {
   void writeNotes(std::ostream& out, const std::string& head, const vrml::SceneGraph& scene,
                   const std::string& folder) const {
     AuditOptions options;
-    if (m_options.textures) options.readsImage = [&folder](const std::string& url) { return readsImage(url, folder); };
+    if (m_options.textures) {
+      options.readsImage = [&folder](const std::string& url, const std::string& inlinedFile) {
+        return readsImage(url, folder, inlinedFile);
+      };
+    }
     for (const vrml::Note& note : scene.notes()) out << head << withLine(note) << '\n';
     for (const AuditNote& note : auditImport(scene, options)) out << head << auditText(note) << '\n';
   }

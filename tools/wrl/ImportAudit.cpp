@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
+#include <string>
 #include <string_view>
 #include <tuple>
 #include <unordered_set>
@@ -14,6 +16,7 @@
 #include "tools/wrl/FaceAudit.h"
 #include "vrml/fields/Fields.h"
 #include "vrml/nodes/GeometryNode.h"
+#include "vrml/nodes/InlineNode.h"
 #include "vrml/nodes/Node.h"
 #include "vrml/nodes/RootNode.h"
 #include "vrml/reader/Parser.h"
@@ -203,18 +206,20 @@ class Auditor {
   static bool holdsReference(const Node& node) { return node.getFirstChild(nodeType("DEF")) != nullptr; }
 
   bool makesTexture(const Node& appearance) {
-    if (const Node* const image = appearance.getFirstChild(nodeType("ImageTexture")))
-      return readsImage(firstUrl(*image));
+    if (const Node* const image = appearance.getFirstChild(nodeType("ImageTexture"))) return readsImage(*image);
     const Node* const pixels = appearance.getFirstChild(nodeType("PixelTexture"));
     return pixels != nullptr && hasValidImage(*pixels);
   }
 
-  // Images are large, so each is tried once.
-  bool readsImage(const std::string& url) {
+  // Images are large, so each is tried once from each file. One that was read serves all files, as in the import.
+  bool readsImage(const Node& image) {
     if (!m_options.readsImage) return false;
-    const auto [place, isFirst] = m_images.try_emplace(url, false);
-    if (isFirst) place->second = m_options.readsImage(url);
-    return place->second;
+    const std::string url = firstUrl(image);
+    if (m_imagesRead.contains(url)) return true;
+    const std::string file = vrml::inlinedFileOf(image);
+    if (!m_imagesTried.emplace(url, file).second || !m_options.readsImage(url, file)) return false;
+    m_imagesRead.insert(url);
+    return true;
   }
 
   void addAppearance(const Node& appearance) {
@@ -235,7 +240,7 @@ class Auditor {
     if (type == nodeType("Material")) {
       addFieldsNotUsed(part);
     } else if (type == nodeType("ImageTexture")) {
-      if (!readsImage(firstUrl(part))) add(AuditKind::imageTexture, part, 0, firstUrl(part));
+      if (!readsImage(part)) add(AuditKind::imageTexture, part, 0, firstUrl(part));
     } else if (type == nodeType("PixelTexture")) {
       add(hasValidImage(part) ? AuditKind::texturePixels : AuditKind::pixelTexture, part);
     } else if (type == nodeType("MovieTexture")) {
@@ -331,7 +336,8 @@ class Auditor {
   std::vector<AuditNote> m_notes;
   std::map<Key, std::size_t> m_places;  // of the notes that are there already
   std::unordered_set<const Node*> m_seen;
-  std::map<std::string, bool> m_images;  // whether they can be read
+  std::set<std::pair<std::string, std::string>> m_imagesTried;  // urls, and the files that they stand in
+  std::set<std::string> m_imagesRead;                           // urls
 };
 
 void replaceAll(std::string& text, std::string_view mark, const std::string& value) {

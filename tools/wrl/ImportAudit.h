@@ -52,7 +52,9 @@ struct AuditNote {
 
 /// What of a file the host can take.
 struct AuditOptions {
-  std::function<bool(const std::string& url)> readsImage;  // whether that file becomes a texture; empty: none does
+  /// Whether the file that an ImageTexture names becomes a texture; empty: none does. `inlinedFile` is the file that
+  /// the node stands in when an Inline brought it in, "" otherwise.
+  std::function<bool(const std::string& url, const std::string& inlinedFile)> readsImage;
 };
 
 /// The findings: those on single nodes first, in the order of the file, then those that sum up a type. A node that USEs

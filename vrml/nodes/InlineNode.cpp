@@ -25,4 +25,10 @@ void InlineNode::takeContent(Node& root) {
     if (!addChildNode(child)) return;
 }
 
+std::string inlinedFileOf(const Node& node) {
+  const Node* at = node.getParent();
+  while (at && !at->isType(nodeType("Inline"))) at = at->getParent();
+  return at ? static_cast<const InlineNode*>(at)->getFile() : std::string();
+}
+
 }  // namespace vrml

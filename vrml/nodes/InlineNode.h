@@ -4,6 +4,9 @@
 // walks them like a group's. They are not part of the text of this file, so they are not written, and their names are
 // known in their own file only: they belong to no container.
 
+#include <string>
+#include <utility>
+
 #include "vrml/fields/MFString.h"
 #include "vrml/nodes/GroupingNode.h"
 #include "vrml/nodes/TypedNode.h"
@@ -12,6 +15,7 @@ namespace vrml {
 
 struct InlineData : GroupingData {
   Named<MFString> url{"url"};
+  std::string file;  // no field: what was loaded
 };
 
 class InlineNode final : public TypedNode<GroupingNode, InlineData> {
@@ -22,8 +26,16 @@ class InlineNode final : public TypedNode<GroupingNode, InlineData> {
   [[nodiscard]] const MFString& getUrl() const { return *data().url; }
   [[nodiscard]] MFString& editUrl() { return *editData().url; }
 
+  /// The path of the file whose content hangs below this node, as it was opened: what that file names is relative to
+  /// it. "" when nothing was loaded.
+  [[nodiscard]] const std::string& getFile() const { return data().file; }
+  void setFile(std::string path) { editData().file = std::move(path); }
+
   /// Moves every child of `root` here, behind what is here already, in order; each leaves its container.
   void takeContent(Node& root);
 };
+
+/// The file that a node stands in when an Inline brought it in; "" when it is of the file that was loaded.
+[[nodiscard]] std::string inlinedFileOf(const Node& node);
 
 }  // namespace vrml

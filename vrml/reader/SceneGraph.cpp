@@ -283,6 +283,7 @@ bool SceneGraph::readInline(Node& node, FileText text, const std::string& path, 
     return true;
   }
   m_inlinedNodes += scene.treeNodes();
+  static_cast<InlineNode&>(node).setFile(path);
   while (Node* const child = scene.getRoot()->getChildNodes()) node.addChildNode(child, fieldKey("children"));
   return true;
 }

@@ -182,7 +182,7 @@ TEST(ImportAudit, leaves_references_to_the_notes_of_the_reader) {
 
 TEST(ImportAudit, takes_texture_files_that_the_host_can_read) {
   int tries = 0;
-  const AuditOptions options{.readsImage = [&tries](const std::string& url) {
+  const AuditOptions options{.readsImage = [&tries](const std::string& url, const std::string& /*inlinedFile*/) {
     ++tries;
     return url == "good";
   }};

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 #include "tests/tools/wrl/RunTool.h"
 
@@ -239,6 +240,22 @@ TEST(SceneCommand, offers_an_image_reader_when_told_to) {
   EXPECT_EQ(scene.err, "");
   EXPECT_TRUE(holds(scene.out, "sglTexture2D"));
   EXPECT_TRUE(holds(runToolWith({"check", file}).out, "note: ImageTexture: image file \"dot.gif\" is not read\n"));
+  EXPECT_EQ(runToolWith({"check", "--textures", file}).out, file + ": ok\n");
+}
+
+TEST(SceneCommand, finds_the_images_of_an_inlined_file_beside_that_file) {
+  const ScratchFolder folder;
+  const char image[] =
+      "GIF89a\x01\x00\x01\x00\x80\x00\x00\xFF\x00\x00\x00\x00\x00,\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02"
+      "D\x01\x00;";
+  std::filesystem::create_directories(folder.path("sub/images"));
+  folder.write("sub/images/inlined.gif", std::string(image, sizeof image - 1));
+  folder.write("sub/part.wrl",
+               kHeader +
+                   "Shape { appearance Appearance { texture ImageTexture { url \"images/inlined.gif\" } } "
+                   "geometry Sphere { } }\n");
+  const std::string file = folder.write("a.wrl", kHeader + "Inline { url \"sub/part.wrl\" }\n");
+  EXPECT_EQ(runToolWith({"scene", "--no-stats", "--textures", file}).err, "");
   EXPECT_EQ(runToolWith({"check", "--textures", file}).out, file + ": ok\n");
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "ReaderTesting.h"
+#include "vrml/nodes/InlineNode.h"
 #include "vrml/nodes/Node.h"
 #include "vrml/nodes/RootNode.h"
 
@@ -90,6 +91,21 @@ TEST(Inline, is_read_in_the_current_folder_too) {
   scene.load("main.wrl", true);
   std::filesystem::current_path(before);
   EXPECT_EQ(contentOf(scene), "Sphere");
+}
+
+TEST(Inline, knows_the_file_that_it_holds) {
+  const TemporaryFolder folder;
+  folder.write("sub/here.wrl", file("Shape { }"));
+  folder.write("broken.wrl", file("Shape {"));
+  SceneGraph scene;
+  scene.load(folder.write("main.wrl", file("DEF a Inline { url \"sub/here.wrl\" } USE a "
+                                           "Inline { url \"none.wrl\" } Inline { url \"broken.wrl\" } Inline { }")),
+             true);
+  std::vector<std::string> files;
+  for (const Node* node = scene.getRoot()->getChildNodes(); node; node = node->next())
+    files.push_back(static_cast<const InlineNode*>(node)->getFile());
+  const std::string path = folder.path("sub/here.wrl");
+  EXPECT_EQ(files, (std::vector<std::string>{path, path, "", "", ""}));
 }
 
 TEST(Inline, is_not_read_without_resolution) {
