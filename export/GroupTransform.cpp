@@ -1,6 +1,6 @@
 // The rotation is that of the frame made orthonormal along its z axis; an axis that turned round meanwhile was
-// mirrored. Lengths and the rotation's square roots are taken in single precision and the rest of the rotation in
-// double, so that the digits written are the same wherever the export runs.
+// mirrored. The rotation's square roots are taken in single precision and everything else in double, so that the digits
+// written are the same wherever the export runs, and no length of a finite row is infinite before it has to be.
 
 #include "export/GroupTransform.h"
 
@@ -12,12 +12,14 @@ namespace exporter {
 namespace {
 
 float rowLength(const sglMat4<float>& matrix, unsigned row) {
-  float sum = 0.0F;
-  for (unsigned column = 0; column < 4; ++column) sum += matrix(row, column) * matrix(row, column);
-  return std::sqrt(sum);
+  double sum = 0.0;
+  for (unsigned column = 0; column < 4; ++column) sum += double{matrix(row, column)} * double{matrix(row, column)};
+  return static_cast<float>(std::sqrt(sum));
 }
 
-float dot(const sglVec3<float>& a, const sglVec3<float>& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+double dot(const sglVec3<float>& a, const sglVec3<float>& b) {
+  return double{a.x} * double{b.x} + double{a.y} * double{b.y} + double{a.z} * double{b.z};
+}
 
 float squareRoot(double value) { return std::sqrt(static_cast<float>(value)); }
 
@@ -65,7 +67,7 @@ GroupTransform decompose(const sglMat4<float>& matrix) {
   GroupTransform parts{};
   for (unsigned axis = 0; axis < 3; ++axis) {
     const float length = rowLength(matrix, axis);
-    parts.scale[axis] = dot(before[axis], after[axis]) < 0.0F ? -length : length;
+    parts.scale[axis] = dot(before[axis], after[axis]) < 0.0 ? -length : length;
   }
   const sglMat4<float>& orthonormal = frame.GetMatLocalToGlobal();
   parts.translation = {orthonormal[12], orthonormal[13], orthonormal[14]};

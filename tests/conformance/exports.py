@@ -104,7 +104,7 @@ def placement(matrix):
     after = [[single(value) for value in axis] for axis in (x, cross(z, x), z)]
     scale = []
     for i in range(3):
-        length = single_length(rows[i])
+        length = single(math.sqrt(dot(rows[i], rows[i])))
         scale.append(-length if dot(rows[i][:3], after[i]) < 0 else length)
     return axis_and_angle(after), scale, rows[3][:3]
 
@@ -424,7 +424,7 @@ def random_node(rng, depth):
 def random_view(rng):
     if rng.random() < 0.1:
         return None
-    view = {"name": rng.choice(NAMES[:-4]), "frame": random_frame(rng), "perspective": rng.random() < 0.7,
+    view = {"name": rng.choice(NAMES), "frame": random_frame(rng), "perspective": rng.random() < 0.7,
             "fov": rng.choice([-1, 0, 1e-7, 0.5, 1.5707963, 1.5707964, 3])}
     for key in ("frame", "perspective", "fov"):
         if rng.random() < 0.1:

@@ -64,6 +64,20 @@ TEST(GroupTransform, PartsOfPlacements) {
   for (const Row& row : rows) EXPECT_EQ(partsOf(row.matrix), row.expected) << row.name;
 }
 
+TEST(GroupTransform, LengthsAreFiniteAndExactWhateverTheSize) {
+  const auto scaleOf = [](float factor) {
+    Matrix matrix;
+    for (unsigned row = 0; row < 3; ++row) matrix(row, row) = -factor;
+    return exporter::decompose(matrix).scale;
+  };
+  for (const float factor : {1e-40F, 1e-30F, 1e-20F, 3.0F, 1e20F, 1e30F, 3e38F}) {
+    EXPECT_EQ(scaleOf(factor), (std::array{-factor, factor, factor})) << factor;
+  }
+  // The nearest float of a length whose squares are no floats.
+  const Matrix turned = {{4.1F, 5.3F, 3.7F, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
+  EXPECT_EQ(exporter::decompose(turned).scale[0], 7.654410362F);
+}
+
 TEST(GroupTransform, AMatrixWithoutARotationHasNoAxis) {
   EXPECT_EQ(partsOf({{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 1}}),
             "0.000000 0.000000 0.000000 0.000000 | 0.000000 0.000000 0.000000 | 1.000000 2.000000 3.000000");
