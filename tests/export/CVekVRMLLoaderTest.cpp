@@ -287,7 +287,7 @@ class Progress {
  public:
   Progress() {
     s_heard.clear();
-    embedded::loaderSettings().progress = [](float fraction, const char* text) { s_heard.push_back({fraction, text}); };
+    embedded::loaderSettings().progress = hear;
   }
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
@@ -298,6 +298,7 @@ class Progress {
     std::string text;
     bool operator==(const Report&) const = default;
   };
+  static void hear(float fraction, const char* text) { s_heard.push_back({fraction, text}); }
   [[nodiscard]] static const std::vector<Report>& heard() { return s_heard; }
 
  private:
@@ -346,6 +347,36 @@ TEST(CVekVRMLLoader, NobodyHearsOfAFileThatCannotBeOpened) {
   CVekAssyRoot root;
   CVekVRMLLoader().WriteSceneGraph(folder.path("nosuch/out.wrl"), &root);
   EXPECT_TRUE(Progress::heard().empty());
+}
+
+TEST(CVekVRMLLoader, ActorsAreCountedBeforeTheFirstReportAndVisitedAfterIt) {
+  const Progress progress;
+  static CVekAssyGroup* growing = nullptr;
+  const auto root = group<CVekAssyRoot>("", {triangle()});
+  growing = root.get();
+  embedded::loaderSettings().progress = [](float fraction, const char* text) {
+    if (Progress::heard().empty()) growing->AddChild(triangle());
+    Progress::hear(fraction, text);
+  };
+  EXPECT_EQ(bodyOf(root.get()), std::string(kTriangleShape) + kTriangleShape);
+  EXPECT_EQ(Progress::heard(),
+            (std::vector<Progress::Report>{{0.0F, ""}, {1.0F, "1 / 1"}, {2.0F, "2 / 1"}, {1.0F, ""}}));
+}
+
+TEST(CVekVRMLLoader, ViewsAndBackgroundComeAfterTheLastReport) {
+  const Progress progress;
+  static CVekStager* stager = nullptr;
+  CVekStager host;
+  stager = &host;
+  embedded::loaderSettings().progress = [](float fraction, const char*) {
+    if (fraction == 1.0F) stager->GetViewportManager()->SetViewportSelected(std::make_unique<CVekViewport>());
+  };
+  const TempFolder folder;
+  CVekAssyRoot root;
+  CVekVRMLLoader writer;
+  writer.SetStager(&host);
+  writer.WriteSceneGraph(folder.path("out.wrl"), &root);
+  EXPECT_NE(contentOf(folder.path("out.wrl")).find("]}\nDEF browns Background {"), std::string::npos);
 }
 
 TEST(CVekVRMLLoader, ChildrenThatComeDuringTheWalkAreNotVisited) {
