@@ -58,7 +58,7 @@ void addFile(CLI::App& app, std::string& file) {
 }
 
 void addFiles(CLI::App& app, std::vector<std::string>& files) {
-  addTexts(app, "FILE", files, "The files to read; - is standard input")
+  addTexts(app, "FILE", files, "The files to read, and folders to look for worlds in; - is standard input")
       ->type_name("")
       ->expected(1, CLI::detail::expected_max_vector_size)
       ->allow_extra_args()

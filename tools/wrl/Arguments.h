@@ -19,7 +19,7 @@ void addFile(CLI::App& app, std::string& file);
 /// Declares a path under another name.
 CLI::Option* addPath(CLI::App& app, const std::string& name, std::string& path, const std::string& description);
 
-/// Declares one or more FILEs.
+/// Declares one or more FILEs, folders among them.
 void addFiles(CLI::App& app, std::vector<std::string>& files);
 
 /// Declares `-o OUT`; without it `path` stays empty, which means standard output.

@@ -2,30 +2,26 @@
 
 #include <VekSGdb/sglDataLoader.h>
 
+#include <chrono>
 #include <iostream>
 
 #include "embedded/images/ImageFile.h"
 #include "tools/wrl/Arguments.h"
+#include "tools/wrl/CheckReport.h"
 #include "tools/wrl/Command.h"
 #include "tools/wrl/Echo.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostOptions.h"
 #include "tools/wrl/HostSetUp.h"
-#include "tools/wrl/ImportAudit.h"
 #include "tools/wrl/Input.h"
+#include "tools/wrl/InputFiles.h"
+#include "tools/wrl/Listing.h"
 #include "tools/wrl/Output.h"
 #include "vrml/reader/SceneGraph.h"
 
 namespace wrl {
 
 namespace {
-
-std::string withLine(const vrml::Note& note) {
-  std::string text = vrml::noteText(note);
-  const std::string place = note.file.empty() ? "" : " of " + note.file;
-  if (note.line > 0) text += " (line " + std::to_string(note.line) + place + ")";
-  return text;
-}
 
 // Whether the host can read the file of a texture that a model in that folder names, perhaps in a file that it inlines.
 // Finds it as the import does.
@@ -42,6 +38,8 @@ class CheckCommand : public Command {
  public:
   void addOptions(CLI::App& app) override {
     addFiles(app, m_files);
+    addListing(app, m_listing);
+    app.add_flag("--strict", m_strict, "Exit with 1 also when a file has notes");
     addHostOptions(app, m_options);
   }
 
@@ -49,41 +47,56 @@ class CheckCommand : public Command {
     static constexpr CommandExample kExamples[] = {
         {"wrl check garden.wrl", "whether it can be read, and what an import drops"},
         {"wrl check --textures *.wrl", "the same where the host reads texture images"},
+        {"wrl check -q --strict worlds", "what is wrong with any world in a folder"},
+        {"wrl check --json worlds", "one JSON document a line"},
     };
     return kExamples;
   }
 
   ExitStatus run() override {
     const HostSetUp host(m_options);
+    const InputFiles input = findInputFiles(m_files);
     Output output("");
-    bool allRead = true;
-    for (const std::string& file : m_files) {
-      allRead = checkFile(file, output.stream()) && allRead;
+    Tally tally;
+    for (const std::string& file : input.files) {
+      const CheckReport report = checkFile(file);
+      write(output.stream(), report);
       // Whoever reads along sees each file's lines when they are known.
       output.stream().flush();
+      ++(report.isRead() ? tally.ok : tally.failed);
+      if (report.isRead() && !report.notes.empty()) ++tally.withNotes;
     }
+    if (m_listing.summary || input.hasFolder) writeTally(output.stream(), tally, m_listing);
     const bool delivered = output.finishOrReport();
-    return delivered && allRead ? ExitStatus::done : ExitStatus::failed;
+    const bool isClean = tally.failed == 0 && (!m_strict || tally.withNotes == 0);
+    return delivered && isClean ? ExitStatus::done : ExitStatus::failed;
   }
 
  private:
-  bool checkFile(const std::string& file, std::ostream& out) const {
+  CheckReport checkFile(const std::string& file) const {
+    CheckReport report;
+    report.file = file;
     const InputPath input = inputPath(file);
     if (!input.error.empty()) {
-      out << input.error << '\n';
-      return false;
+      report.state = CheckReport::State::unreadable;
+      report.reason = input.error;
+      return report;
     }
+    using Clock = std::chrono::steady_clock;
     vrml::SceneGraph scene;
+    const Clock::time_point start = Clock::now();
     const std::string path = readEchoing(scene, input.path);
-    if (scene.succeeded()) {
-      out << file << ": ok\n";
-      writeNotes(out, file + ": note: ", scene, sglDataLoader::extractDirectoryFromPath(path));
-    } else if (isUnopened(scene)) {
-      out << file << ": error: cannot be opened\n";
-    } else {
-      out << errorLine(file, scene) << '\n';
+    if (m_options.verbose) tellReading(path, std::chrono::duration<double>(Clock::now() - start).count());
+    describeReading(report, scene);
+    const std::string folder = sglDataLoader::extractDirectoryFromPath(path);
+    AuditOptions options;
+    if (m_options.textures) {
+      options.readsImage = [&folder](const std::string& url, const std::string& inlinedFile) {
+        return readsImage(url, folder, inlinedFile);
+      };
     }
-    return scene.succeeded();
+    if (report.isRead()) describeNotes(report, scene, options);
+    return report;
   }
 
   static std::string readEchoing(vrml::SceneGraph& scene, const std::string& path) {
@@ -91,19 +104,18 @@ class CheckCommand : public Command {
     return readFileOrSearch(scene, path);
   }
 
-  void writeNotes(std::ostream& out, const std::string& head, const vrml::SceneGraph& scene,
-                  const std::string& folder) const {
-    AuditOptions options;
-    if (m_options.textures) {
-      options.readsImage = [&folder](const std::string& url, const std::string& inlinedFile) {
-        return readsImage(url, folder, inlinedFile);
-      };
+  void write(std::ostream& out, const CheckReport& report) const {
+    if (m_listing.json) {
+      writeJson(out, report);
+    } else {
+      const bool wantsNotes = !m_options.quiet || m_strict;
+      writeText(out, report, !m_options.quiet, wantsNotes);
     }
-    for (const vrml::Note& note : scene.notes()) out << head << withLine(note) << '\n';
-    for (const AuditNote& note : auditImport(scene, options)) out << head << auditText(note) << '\n';
   }
 
   std::vector<std::string> m_files;
+  ListingOptions m_listing;
+  bool m_strict = false;
   HostOptions m_options;
 };
 

@@ -4,6 +4,9 @@
 
 #include <VekSGdb/sglDataLoader.h>
 
+#include <charconv>
+#include <iostream>
+
 #include "tools/wrl/Progress.h"
 #include "vrml/reader/SceneGraph.h"
 
@@ -22,6 +25,16 @@ std::string readFileOrSearch(vrml::SceneGraph& scene, const std::string& path) {
   if (scene.succeeded() || !sglDataLoader::findFile(path, nullptr, found)) return path;
   readFile(scene, found, true);
   return found;
+}
+
+void tellReading(const std::string& path, double seconds) {
+  std::cerr << "wrl: " << path << ": " << inSeconds(seconds) << " s\n";
+}
+
+std::string inSeconds(double seconds) {
+  char text[400];
+  const auto [end, error] = std::to_chars(text, text + sizeof text, seconds, std::chars_format::fixed, 3);
+  return {text, end};
 }
 
 bool isUnopened(const vrml::SceneGraph& scene) { return !scene.succeeded() && scene.getErrorLine() == 0; }

@@ -17,6 +17,12 @@ void readFile(vrml::SceneGraph& scene, const std::string& path, bool resolve);
 /// import does. The path that was read last.
 std::string readFileOrSearch(vrml::SceneGraph& scene, const std::string& path);
 
+/// Tells on standard error that a file was read, or tried to be: `wrl: PATH: 0.012 s`.
+void tellReading(const std::string& path, double seconds);
+
+/// A time with three decimals, in any locale.
+[[nodiscard]] std::string inSeconds(double seconds);
+
 /// Whether a reading that failed could not even open its file.
 [[nodiscard]] bool isUnopened(const vrml::SceneGraph& scene);
 

@@ -42,6 +42,9 @@ void addHostOptions(CLI::App& app, HostOptions& options) {
       ->type_name("TEXT")
       ->group(kGroup);
   app.add_flag("--trace", options.trace, "List the hook's calls on standard error")->group(kGroup);
+  app.add_flag("-q,--quiet", options.quiet, "Say nothing of what went well")->group(kGroup);
+  app.add_flag("-v,--verbose", options.verbose, "Tell on standard error what is read, and how long that takes")
+      ->group(kGroup);
 }
 
 void addUpAxis(CLI::App& app, HostOptions& options) {

@@ -20,6 +20,8 @@ struct HostOptions {
   bool showStatistics = true;              // --no-stats: whether the module's statistics block is shown
   std::vector<std::string> vetoes;         // --veto: event texts that the hook answers with false
   bool trace = false;                      // --trace: the hook's calls on standard error
+  bool quiet = false;                      // -q: only a load that fails speaks on standard error
+  bool verbose = false;                    // -v: what was read, and how long that took, on standard error
   std::optional<embedded::UpAxis> up;      // --up: the axis that is up in the file, if not what its format says
 
   // Not on the command line: the folder in which images inside a model are unpacked when they are to stay; "" where

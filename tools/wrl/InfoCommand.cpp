@@ -5,12 +5,15 @@
 #include <iostream>
 #include <vector>
 
+#include "embedded/JsonWriter.h"
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Command.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostOptions.h"
 #include "tools/wrl/HostSetUp.h"
 #include "tools/wrl/Input.h"
+#include "tools/wrl/InputFiles.h"
+#include "tools/wrl/Listing.h"
 #include "tools/wrl/Output.h"
 #include "tools/wrl/SceneLoad.h"
 #include "tools/wrl/SceneSummary.h"
@@ -33,12 +36,6 @@ struct FileSummary {
 std::string inBrief(float value) {
   char text[32];
   const auto [end, error] = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6);
-  return {text, end};
-}
-
-std::string inSeconds(double seconds) {
-  char text[400];
-  const auto [end, error] = std::to_chars(text, text + sizeof text, seconds, std::chars_format::fixed, 3);
   return {text, end};
 }
 
@@ -91,47 +88,130 @@ FileSummary summarizeFile(const std::string& path, const HostOptions& options) {
   return summary;
 }
 
+struct FileReport {
+  std::string name;
+  SceneSummary scene;
+  FileSummary file;
+  double seconds = 0.0;
+};
+
+void writeText(std::ostream& out, const FileReport& report) {
+  out << report.name << '\n'
+      << "  nodes         " << listCounts(report.file.nodes) << '\n'
+      << "  scene         " << listCounts(report.scene.nodes) << '\n'
+      << "  drawables     " << listCounts(report.scene.drawables) << '\n'
+      << "  triangles     " << std::to_string(report.scene.triangles) << '\n'
+      << "  materials     " << std::to_string(report.scene.materials) << '\n'
+      << "  textures      " << std::to_string(report.scene.textures) << '\n'
+      << "  bounding box  " << describeBox(report.scene.box) << '\n'
+      << "  viewpoints    " << listNames(report.file.viewpoints) << '\n'
+      << "  time          " << inSeconds(report.seconds) << " s\n";
+}
+
+void writeCounts(embedded::JsonWriter& json, const char* key, const TypeCounts& counts) {
+  json.key(key);
+  json.beginObject();
+  for (const auto& [type, count] : counts) {
+    json.key(type);
+    json.integer(count);
+  }
+  json.endObject();
+}
+
+void writeCount(embedded::JsonWriter& json, const char* key, std::int64_t count) {
+  json.key(key);
+  json.integer(count);
+}
+
+void writeCorner(embedded::JsonWriter& json, const char* key, const sglVec3<float>& corner) {
+  const float values[] = {corner.x, corner.y, corner.z};
+  json.key(key);
+  json.numbers(values);
+}
+
+void writeBox(embedded::JsonWriter& json, const CVekBBox& box) {
+  json.key("boundingBox");
+  if (box.isEmpty()) return json.null();
+  json.beginObject();
+  writeCorner(json, "min", box.getMin());
+  writeCorner(json, "max", box.getMax());
+  json.endObject();
+}
+
+// One line; without a report, that of a file that could not be loaded.
+void writeJson(std::ostream& out, const std::string& name, const FileReport* report) {
+  {
+    embedded::JsonWriter json(out);
+    json.beginObject();
+    json.key("file");
+    json.text(name);
+    json.key("status");
+    json.text(report != nullptr ? "ok" : "failed");
+    if (report != nullptr) {
+      writeCounts(json, "nodes", report->file.nodes);
+      writeCounts(json, "scene", report->scene.nodes);
+      writeCounts(json, "drawables", report->scene.drawables);
+      writeCount(json, "triangles", static_cast<std::int64_t>(report->scene.triangles));
+      writeCount(json, "materials", report->scene.materials);
+      writeCount(json, "textures", report->scene.textures);
+      writeBox(json, report->scene.box);
+      json.key("viewpoints");
+      json.beginList();
+      for (const std::string& viewpoint : report->file.viewpoints) json.text(viewpoint);
+      json.endList();
+      json.key("seconds");
+      json.wideNumber(report->seconds);
+    }
+    json.endObject();
+  }
+  out << '\n';
+}
+
 class InfoCommand : public Command {
  public:
   void addOptions(CLI::App& app) override {
-    addFile(app, m_file);
+    addFiles(app, m_files);
+    addListing(app, m_listing);
     addHostOptions(app, m_options);
   }
 
   [[nodiscard]] std::span<const CommandExample> examples() const override {
     static constexpr CommandExample kExamples[] = {
         {"wrl info garden.wrl", "what a world holds, behind the module's own statistics"},
-        {"wrl info --no-stats garden.wrl", "the summary alone"},
+        {"wrl info -q garden.wrl", "the summary alone"},
+        {"wrl info -q worlds", "the worlds in a folder, one after the other"},
+        {"wrl info -q --json worlds", "one JSON document a line"},
     };
     return kExamples;
   }
 
   ExitStatus run() override {
-    std::optional<LoadedScene> loaded = loadScene(m_file, m_options);
-    if (!loaded || loaded->failed) return ExitStatus::failed;
-    const SceneSummary scene = summarizeScene(loaded->database->GetSglRoot());
-    loaded->database.reset();  // the second reading need not find room beside it
-    const FileSummary file = summarizeFile(inputPath(m_file).path, m_options);
+    const InputFiles input = findInputFiles(m_files);
     Output output("");
-    write(output.stream(), scene, file, loaded->seconds);
-    return output.finishOrReport() ? ExitStatus::done : ExitStatus::failed;
+    Tally tally;
+    for (const std::string& file : input.files) {
+      const std::optional<FileReport> report = describeFile(file);
+      ++(report ? tally.ok : tally.failed);
+      if (m_listing.json) writeJson(output.stream(), file, report ? &*report : nullptr);
+      if (!m_listing.json && report) writeText(output.stream(), *report);
+      output.stream().flush();
+    }
+    if (m_listing.summary || input.hasFolder) writeTally(output.stream(), tally, m_listing);
+    return output.finishOrReport() && tally.failed == 0 ? ExitStatus::done : ExitStatus::failed;
   }
 
  private:
-  void write(std::ostream& out, const SceneSummary& scene, const FileSummary& file, double seconds) const {
-    out << m_file << '\n'
-        << "  nodes         " << listCounts(file.nodes) << '\n'
-        << "  scene         " << listCounts(scene.nodes) << '\n'
-        << "  drawables     " << listCounts(scene.drawables) << '\n'
-        << "  triangles     " << std::to_string(scene.triangles) << '\n'
-        << "  materials     " << std::to_string(scene.materials) << '\n'
-        << "  textures      " << std::to_string(scene.textures) << '\n'
-        << "  bounding box  " << describeBox(scene.box) << '\n'
-        << "  viewpoints    " << listNames(file.viewpoints) << '\n'
-        << "  time          " << inSeconds(seconds) << " s\n";
+  std::optional<FileReport> describeFile(const std::string& file) const {
+    std::optional<LoadedScene> loaded = loadScene(file, m_options);
+    if (!loaded || loaded->failed) return std::nullopt;
+    FileReport report{file, summarizeScene(loaded->database->GetSglRoot()), {}, loaded->seconds};
+    loaded.reset();  // the second reading need not find room beside it
+    report.file = summarizeFile(inputPath(file).path, m_options);
+    return report;
   }
 
-  std::string m_file;
+  std::vector<std::string> m_files;
+  ListingOptions m_listing;
   HostOptions m_options;
 };
 

@@ -9,6 +9,7 @@
 
 #include "embedded/LoaderSettings.h"
 #include "tools/wrl/Descriptors.h"
+#include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostSetUp.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/Module.h"
@@ -42,13 +43,13 @@ class ProgressHook {
 // Shows the host's messages and keeps them, for as long as this lives.
 class MessageLog {
  public:
-  MessageLog(bool showStatistics, Progress& progress) {
-    embedded::setMessageSink([this, showStatistics, &progress](unsigned level, std::string_view text) {
+  MessageLog(const HostOptions& options, Progress& progress) {
+    embedded::setMessageSink([this, &options, &progress](unsigned level, std::string_view text) {
       const bool isStatistics = m_filter.isStatistics(text);
-      if (isStatistics && !showStatistics) return;
-      progress.wipe();
-      writeToStandardError(text);
+      if (isStatistics && !options.showStatistics) return;
       hasErrorReport = hasErrorReport || text.starts_with(kErrorReport);  // first: there may be no memory to keep it
+      progress.wipe();
+      if (hasErrorReport || !options.quiet) writeToStandardError(text);
       messages.push_back({level, std::string(text)});
     });
   }
@@ -68,7 +69,7 @@ LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& pa
   Progress progress;
   const HostSetUp host(options);
   const ProgressHook hook(progress);
-  MessageLog log(options.showStatistics, progress);
+  MessageLog log(options, progress);
   const StandardOutputAside aside;
   LoadedScene loaded;
   const Clock::time_point start = Clock::now();
@@ -90,7 +91,9 @@ std::optional<LoadedScene> loadScene(const std::string& file, const HostOptions&
   }
   embedded::ModuleLoader module;
   if (!openModule(module)) return std::nullopt;
-  return loadWith(module, input.path, options);
+  LoadedScene loaded = loadWith(module, input.path, options);
+  if (options.verbose) tellReading(file, loaded.seconds);
+  return loaded;
 }
 
 }  // namespace wrl

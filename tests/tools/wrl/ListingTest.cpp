@@ -1,0 +1,128 @@
+// The subcommands that go over several files: folders, forms of the list, counts, and what makes them fail.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/tools/wrl/RunTool.h"
+#include "tools/wrl/InputFiles.h"
+
+namespace wrl {
+namespace {
+
+const std::string kHeader = "#VRML V2.0 utf8\n";
+
+// A folder of worlds: two good ones, one of them with a note, and a broken one.
+class Listing : public testing::Test {
+ protected:
+  Listing() {
+    std::filesystem::create_directories(m_folder.path("worlds/deep"));
+    m_folder.write("worlds/b.wrl", kHeader + "Group { }\n");
+    m_folder.write("worlds/deep/a.WRL", kHeader + "DEF Haze Fog { }\n");
+    m_folder.write("worlds/c.wrl", kHeader + "Fog { \"x\" }\n");
+    m_folder.write("worlds/.hidden.wrl", kHeader + "Fog { x }\n");
+    m_folder.write("worlds/readme.txt", "no world\n");
+  }
+
+  std::string path(const std::string& name) const { return m_folder.path("worlds/" + name); }
+
+  ScratchFolder m_folder;
+};
+
+TEST_F(Listing, a_folder_stands_for_the_worlds_below_it) {
+  const InputFiles found = findInputFiles({"x.txt", path(""), "-"});
+  const std::vector<std::string> wanted = {"x.txt", path("b.wrl"), path("c.wrl"), path("deep/a.WRL"), "-"};
+  EXPECT_EQ(found.files, wanted);
+  EXPECT_TRUE(found.hasFolder);
+  EXPECT_FALSE(findInputFiles({path("b.wrl")}).hasFolder);
+}
+
+TEST_F(Listing, check_counts_what_a_folder_holds) {
+  const ToolResult result = runToolWith({"check", m_folder.path("worlds")});
+  EXPECT_EQ(result.status, ExitStatus::failed);
+  EXPECT_EQ(result.out, path("b.wrl") + ": ok\n" + path("c.wrl") + ":2: error at or about \"\"x\"\": Fog { \"x\" }\n" +
+                            path("deep/a.WRL") + ": ok\n" + path("deep/a.WRL") +
+                            ": note: Fog \"Haze\" is not converted\n3 files: 2 ok (1 with notes), 1 failed\n");
+}
+
+TEST_F(Listing, check_counts_files_that_are_named_when_told_to) {
+  EXPECT_EQ(runToolWith({"check", path("b.wrl")}).out, path("b.wrl") + ": ok\n");
+  EXPECT_EQ(runToolWith({"check", "--summary", path("b.wrl")}).out, path("b.wrl") + ": ok\n1 file: 1 ok, 0 failed\n");
+}
+
+TEST_F(Listing, check_prints_json) {
+  const ToolResult result = runToolWith({"check", "--json", m_folder.path("worlds"), "none.wrl"});
+  EXPECT_EQ(result.status, ExitStatus::failed);
+  EXPECT_EQ(result.out,
+            "{\"file\":\"" + path("b.wrl") + "\",\"status\":\"ok\",\"notes\":[]}\n{\"file\":\"" + path("c.wrl") +
+                R"(","status":"error","line":2,"token":"\"x\"","text":"Fog { \"x\" }","notes":[]})" + "\n{\"file\":\"" +
+                path("deep/a.WRL") +
+                R"(","status":"ok","notes":[{"text":"Fog \"Haze\" is not converted","node":"Fog","def":"Haze"}]})" +
+                "\n" + R"({"file":"none.wrl","status":"unreadable","notes":[]})" + "\n" +
+                R"({"summary":{"files":4,"ok":2,"withNotes":1,"failed":2}})" + "\n");
+}
+
+TEST_F(Listing, check_json_has_the_place_of_a_note) {
+  const std::string file = m_folder.write("a.wrl", kHeader + "\nHUD { }\n");
+  EXPECT_EQ(runToolWith({"check", "--json", file}).out,
+            "{\"file\":\"" + file +
+                R"(","status":"ok","notes":[{"text":"unknown node HUD passed over","line":3,"node":"HUD"}]})" + "\n");
+}
+
+TEST_F(Listing, check_is_quiet_about_what_is_well) {
+  EXPECT_EQ(runToolWith({"check", "-q", path("b.wrl"), path("deep/a.WRL")}).out, "");
+  EXPECT_EQ(runToolWith({"check", "-q", "--strict", path("b.wrl"), path("deep/a.WRL")}).out,
+            path("deep/a.WRL") + ": note: Fog \"Haze\" is not converted\n");
+  EXPECT_NE(runToolWith({"check", "-q", path("c.wrl")}).out, "");
+}
+
+TEST_F(Listing, check_takes_notes_for_failures_when_told_to) {
+  EXPECT_EQ(runToolWith({"check", path("deep/a.WRL")}).status, ExitStatus::done);
+  EXPECT_EQ(runToolWith({"check", "--strict", path("deep/a.WRL")}).status, ExitStatus::failed);
+  EXPECT_EQ(runToolWith({"check", "--strict", path("b.wrl")}).status, ExitStatus::done);
+}
+
+TEST_F(Listing, info_goes_on_behind_a_file_that_fails) {
+  const ToolResult result = runToolWith({"info", "-q", m_folder.path("worlds")});
+  EXPECT_EQ(result.status, ExitStatus::failed);
+  EXPECT_TRUE(result.out.starts_with(path("b.wrl") + "\n  nodes         1 Group\n")) << result.out;
+  EXPECT_NE(result.out.find("\n" + path("deep/a.WRL") + "\n  nodes         1 Fog\n"), std::string::npos);
+  EXPECT_TRUE(result.out.ends_with("\n3 files: 2 ok, 1 failed\n")) << result.out;
+}
+
+TEST_F(Listing, info_prints_json) {
+  const std::string file = m_folder.write(
+      "a.wrl", kHeader +
+                   "Viewpoint { description \"Front\" }\nShape { geometry IndexedFaceSet { coord Coordinate { "
+                   "point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 -1 ] } }\n");
+  const ToolResult result = runToolWith({"info", "-q", "--json", file, path("c.wrl")});
+  EXPECT_EQ(result.status, ExitStatus::failed);
+  const std::string expected =
+      "{\"file\":\"" + file +
+      R"(","status":"ok","nodes":{"Coordinate":1,"IndexedFaceSet":1,"Shape":1,"Viewpoint":1},)"
+      R"("scene":{"sglGeode":1,"sglTransform":1},"drawables":{"sglIndexedTriangleSet":1},"triangles":1,)"
+      R"("materials":0,"textures":0,"boundingBox":{"min":[0,0,0],"max":[1,)";
+  EXPECT_EQ(result.out.substr(0, expected.size()), expected);
+  EXPECT_NE(result.out.find(R"(,"viewpoints":["Front"],"seconds":)"), std::string::npos) << result.out;
+  EXPECT_TRUE(result.out.ends_with("\n{\"file\":\"" + path("c.wrl") + "\",\"status\":\"failed\"}\n")) << result.out;
+}
+
+TEST_F(Listing, a_quiet_load_speaks_only_when_it_fails) {
+  EXPECT_NE(runToolWith({"scene", path("b.wrl")}).err, "");
+  const ToolResult well = runToolWith({"scene", "-q", path("b.wrl")});
+  EXPECT_EQ(well.err, "");
+  EXPECT_EQ(well.out, runToolWith({"scene", path("b.wrl")}).out);
+  EXPECT_EQ(
+      runToolWith({"scene", "-q", path("c.wrl")}).err,
+      "sglLoadFile_wrl: Error loading: " + path("c.wrl") + "\n\tLine 2, at or about \"\"x\"\"\n\t>>Fog { \"x\" }\n");
+}
+
+TEST_F(Listing, a_verbose_run_tells_what_it_reads) {
+  for (const char* command : {"check", "info", "scene"}) {
+    const std::string err = runToolWith({command, "-q", "-v", path("b.wrl")}).err;
+    EXPECT_TRUE(err.starts_with("wrl: " + path("b.wrl") + ": 0.") && err.ends_with(" s\n")) << command << err;
+  }
+}
+
+}  // namespace
+}  // namespace wrl
