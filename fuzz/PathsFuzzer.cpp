@@ -58,12 +58,16 @@ std::string quoted(const std::string& text) {
   return quote + '"';
 }
 
-void checkOpened(const std::string& writable) {
+// `file` is the one that must be among them, or else the watch is blind.
+void checkOpened(const std::string& file, const std::string& writable) {
+  bool isSeen = false;
   for (const fuzz::Opened& opened : fuzz::endOpenWatch()) {
+    isSeen = isSeen || opened.path == file;
     const std::string path = std::filesystem::path(opened.path).lexically_normal().string();
     if (opened.forWriting && !path.starts_with(writable)) fuzz::fail("opened for writing", opened.path);
     if (!opened.forWriting && !opened.isRegular) fuzz::fail("opened for reading, and is no regular file", opened.path);
   }
+  if (!isSeen) fuzz::fail("not seen that it is opened", file);
 }
 
 }  // namespace
@@ -93,10 +97,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
 
   fuzz::startOpenWatch();
   static_cast<void>(loader.loadModel(world));
-  checkOpened("nothing");
+  checkOpened(world, "nothing");
   if (!stager) return 0;
   fuzz::startOpenWatch();
   loader.writeModel(folder + "/out/world.wrl", stager.get());
-  checkOpened(folder + "/out/");
+  checkOpened(folder + "/out/world.wrl", folder + "/out/");
   return 0;
 }
