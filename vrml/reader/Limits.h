@@ -26,6 +26,9 @@ inline constexpr int kInlineDepthLimit = 16;
 /// Inline files of one load, all together.
 inline constexpr int kInlineCountLimit = 4096;
 
+/// Bytes of text that the Inline files of one load may hold, all together: one file may be asked for many times.
+inline constexpr std::size_t kInlineTextLimit = std::size_t{1} << 30;
+
 /// Bytes of the buffer that keeps the current line for the error report: a longer line is reported cut off.
 inline constexpr std::size_t kLineBufferSize = 65'536;
 

@@ -239,7 +239,9 @@ bool SceneGraph::loadInline(Node& node) {
     }
     FileText text;
     if (!isRegularFile(path) || !text.read(path)) continue;
-    if (m_chain->open.size() > kInlineDepthLimit || m_chain->count == kInlineCountLimit) {
+    m_chain->textBytes += text.text().size();
+    if (m_chain->open.size() > kInlineDepthLimit || m_chain->count == kInlineCountLimit ||
+        m_chain->textBytes > kInlineTextLimit) {
       addNote({place.line, NoteKind::inlineLimit, {}, node.getName(), path});
       failAt(place, node.getTypeName());
       return false;

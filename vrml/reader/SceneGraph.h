@@ -64,10 +64,12 @@ class SceneGraph : public Parser {
   void nodeDetached(Node& node) override;
 
  private:
-  // What the files of one load share: those that are open, outermost first, and how many were inlined.
+  // What the files of one load share: those that are open, outermost first, how many were inlined, and the bytes that
+  // these held.
   struct InlineChain {
     std::vector<std::string> open;
     int count = 0;
+    std::size_t textBytes = 0;
   };
 
   void loadText(FileText text, const std::string& path, bool resolve, Progress progress, void* data);

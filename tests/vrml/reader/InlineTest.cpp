@@ -232,6 +232,18 @@ TEST(Inline, ends_the_load_beyond_4096_files) {
   EXPECT_EQ(load(4097), "4098:Inline:Inline { url \"leaf.wrl\" }");
 }
 
+TEST(Inline, ends_the_load_beyond_1_GiB_of_text) {
+  const TemporaryFolder folder;
+  folder.write("leaf.wrl", std::string(std::size_t{64} << 20, '#'));  // one comment
+  const auto load = [&](std::size_t count) {
+    SceneGraph scene;
+    scene.load(folder.write("main.wrl", file(readertest::repeated("Inline { url \"leaf.wrl\" }\n", count))), true);
+    return verdict(scene);
+  };
+  EXPECT_EQ(load(16), "ok");
+  EXPECT_EQ(load(17), "18:Inline:Inline { url \"leaf.wrl\" }");
+}
+
 TEST(Inline, shares_the_limits_of_the_load) {
   const TemporaryFolder folder;
   // 1.2 million nodes a file, four times: the fourth does not fit.
