@@ -58,30 +58,51 @@ def chain(depth):
     return {**files, f"f{depth}.wrl": "Group { }"}
 
 
-TITLE = 'PROTO T [ ] { WorldInfo { title "' + "t" * 1_000_000 + '" } }\n'
-LARGE = "#" * (64 << 20)  # one comment
-NUMBERS = "Shape { geometry PointSet { coord Coordinate { point [ " + "1 2 3 " * 2_500_000 + "] } } }"
+def titles(count):
+    return 'PROTO T [ ] { WorldInfo { title "' + "t" * 1_000_000 + '" } }\n' + "T { }\n" * count
+
+
+def comment():
+    return "#" * (64 << 20)
+
+
+def numbers():
+    return "Shape { geometry PointSet { coord Coordinate { point [ " + "1 2 3 " * 2_500_000 + "] } } }"
+
 
 # What is attacked, and the files of the attack; the first is the one that is loaded.
 ATTACKS = [
-    ("nodes open at once, reached", {"a.wrl": nest(4096, "NULL")}),
-    ("nodes open at once, passed", {"a.wrl": nest(1_000_000, "NULL")}),
-    ("deepest tree: copies below open nodes", {"a.wrl": deepest()}),
-    ("depth of expansions, reached", {"a.wrl": proto_chain(64)}),
-    ("depth of expansions, passed", {"a.wrl": proto_chain(65)}),
-    ("text of expansions, reached", {"a.wrl": TITLE + "T { }\n" * 67}),
-    ("text of expansions, passed", {"a.wrl": TITLE + "T { }\n" * 68}),
-    ("text of expansions, in a million instances", {"a.wrl": instances(40)}),
-    ("nodes of a tree, reached", {"a.wrl": copies(7, 2)}),
-    ("nodes of a tree, passed", {"a.wrl": copies(7, 3)}),
-    ("depth of Inline files, reached", chain(16)),
-    ("depth of Inline files, passed", chain(17)),
-    ("number of Inline files, reached", {"a.wrl": inlines(4096), "part.wrl": "Group { }"}),
-    ("number of Inline files, passed", {"a.wrl": inlines(4097), "part.wrl": "Group { }"}),
-    ("text of Inline files, reached", {"a.wrl": inlines(15), "part.wrl": LARGE}),
-    ("text of Inline files, passed", {"a.wrl": inlines(17), "part.wrl": LARGE}),
-    ("text of Inline files, all of it numbers", {"a.wrl": inlines(71), "part.wrl": NUMBERS}),
+    ("nodes open at once, reached", lambda: {"a.wrl": nest(4096, "NULL")}),
+    ("nodes open at once, passed", lambda: {"a.wrl": nest(1_000_000, "NULL")}),
+    ("deepest tree: copies below open nodes", lambda: {"a.wrl": deepest()}),
+    ("depth of expansions, reached", lambda: {"a.wrl": proto_chain(64)}),
+    ("depth of expansions, passed", lambda: {"a.wrl": proto_chain(65)}),
+    ("text of expansions, reached", lambda: {"a.wrl": titles(67)}),
+    ("text of expansions, passed", lambda: {"a.wrl": titles(68)}),
+    ("text of expansions, in a million instances", lambda: {"a.wrl": instances(40)}),
+    ("nodes of a tree, reached", lambda: {"a.wrl": copies(7, 2)}),
+    ("nodes of a tree, passed", lambda: {"a.wrl": copies(7, 3)}),
+    ("depth of Inline files, reached", lambda: chain(16)),
+    ("depth of Inline files, passed", lambda: chain(17)),
+    ("number of Inline files, reached", lambda: {"a.wrl": inlines(4096), "part.wrl": "Group { }"}),
+    ("number of Inline files, passed", lambda: {"a.wrl": inlines(4097), "part.wrl": "Group { }"}),
+    ("text of Inline files, reached", lambda: {"a.wrl": inlines(15), "part.wrl": comment()}),
+    ("text of Inline files, passed", lambda: {"a.wrl": inlines(17), "part.wrl": comment()}),
+    ("text of Inline files, all of it numbers", lambda: {"a.wrl": inlines(71), "part.wrl": numbers()}),
 ]
+
+
+def write_files(folder, files):
+    """Writes the files of an attack, in a process of its own: the memory that a process had before it became another one
+    counts as that one's."""
+    child = os.fork()
+    if child == 0:
+        for number, (name, text) in enumerate(files().items()):
+            with open(os.path.join(folder, "first" if number == 0 else name), "w", encoding="ascii") as f:
+                f.write(HEADER + text)
+        os._exit(0)
+    os.waitpid(child, 0)
+    return os.path.join(folder, "first")
 
 
 def measure(wrl, command, path):
@@ -108,17 +129,15 @@ def main():
         for name, files in ATTACKS:
             if args.k not in name:
                 continue
-            for file, text in files.items():
-                with open(os.path.join(folder, file), "w", encoding="ascii") as f:
-                    f.write(HEADER + text)
-            path = os.path.join(folder, next(iter(files)))
+            path = write_files(folder, files)
             runs = [measure(args.wrl, command, path) for command in ("check", "info")]
             answer = "loads" if runs[0][0] == 0 else "refused" if runs[0][0] == 1 else f"exit {runs[0][0]}"
-            size = sum(os.path.getsize(os.path.join(folder, file)) for file in files)
+            written = [os.path.join(folder, file) for file in os.listdir(folder)]
+            size = sum(map(os.path.getsize, written))
             cells = [f"{seconds:.2f} | {mib:.0f}" for _, seconds, mib in runs]
             print(f"| {name} | {size_text(size)} | {answer} | {' | '.join(cells)} |", flush=True)
-            for file in files:
-                os.remove(os.path.join(folder, file))
+            for file in written:
+                os.remove(file)
     return 0
 
 

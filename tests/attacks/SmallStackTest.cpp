@@ -39,7 +39,7 @@ TEST_F(SmallStack, is_enough_for_the_deepest_tree) {
   writeWorld("part.wrl",
              attack::repeated("Transform{children ", kDepth) + "Shape{geometry Box{}}" + std::string(kDepth, '}'));
   std::string text = "DEF n0 Transform { children Inline { url \"part.wrl\" } }\n";
-  for (long i = 1; i <= attack::steps(3, 43); ++i)
+  for (long i = 1; i <= attack::steps(3, 42); ++i)
     text += "DEF n" + std::to_string(i) + " " + attack::repeated("Transform{children ", kDepth) + "USE n" +
             std::to_string(i - 1) + std::string(kDepth, '}') + "\n";
   const std::string file = writeWorld("deep.wrl", text);
