@@ -2,12 +2,12 @@
 
 // Numbers that no file can hold.
 
-#include <VekKernel/CVekAssyNode.h>
+#include <VekKernel/CVekStager.h>
 
 namespace embedded {
 
-// Whether every placement, position and normal of what shows is a finite number: infinities and not-a-number can be
-// written as text, but no reader takes them. `root` may be null.
-[[nodiscard]] bool hasOnlyFiniteNumbers(const CVekAssyNode* root);
+// Whether everything that an export writes of the stager's assembly, camera and views is a finite number: infinities
+// and not-a-number can be written as text, but no reader takes them.
+[[nodiscard]] bool hasOnlyFiniteNumbers(const CVekStager& stager);
 
 }  // namespace embedded

@@ -81,8 +81,7 @@ void reportMissing(const embedded::FileErrorLog& log, const std::string& path) {
 }  // namespace
 
 std::string writeWorld(const WriteJob& job) {
-  const CVekAssyRoot* const root = job.stager.GetSceneManager()->GetAssyRoot();
-  if (root == nullptr) return "there is no assembly to write";
+  if (job.stager.GetSceneManager()->GetAssyRoot() == nullptr) return "there is no assembly to write";
   embedded::ModuleLoader module;
   if (!openModule(module)) return "there is no module to write it";
   if (!module.canWrite()) return "the module cannot write";
@@ -92,7 +91,7 @@ std::string writeWorld(const WriteJob& job) {
   errno = 0;
   module.writeModel(job.path, &job.stager);
   if (errno != 0) return std::generic_category().message(errno);
-  if (!embedded::hasOnlyFiniteNumbers(root)) {
+  if (!embedded::hasOnlyFiniteNumbers(job.stager)) {
     std::cerr << job.folder << embedded::fileNameOf(job.path) << ": note: holds numbers that no reader takes\n";
   }
   return "";

@@ -115,6 +115,58 @@ TEST(ConvertCommand, says_when_numbers_make_a_world_unreadable) {
   }
 }
 
+TEST(ConvertCommand, says_so_of_materials_and_cameras_and_of_nothing_that_is_left_out) {
+  const std::string nowhere = "[1,0,0,0, 0,1,0,0, 0,0,1,0, 0,null,0,1]";
+  const std::string huge = "[1e38,0,0,0, 0,1e38,0,0, 0,0,1e38,0, 0,0,0,1]";
+  const std::string endless = "[3e38,3e38,3e38,0, 0,1,0,0, 0,0,1,0, 0,0,0,1]";
+  const std::string origin = "[1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0,1]";
+  const auto nest = [&huge](int depth) {
+    std::string text;
+    for (int i = 0; i < depth; ++i) text.append(R"({"type":"group","matrix":)").append(huge).append(R"(,"children":[)");
+    for (int i = 0; i < depth; ++i) text += "]}";
+    return text;
+  };
+  const auto mesh = [](const std::string& type, const std::string& z, const std::string& material) {
+    return R"({"type":")" + type +
+           R"(","geode":{"geometries":[{"type":"sglTriangleSet","numPrims":1,"coords":[0,0,0,1,0,0,0,1,)" + z +
+           R"(],"states":[{"type":"sglMaterial",)" + material + "}]}]}}";
+  };
+  struct Row {
+    std::string root;
+    std::string child;
+    std::string camera;
+    std::string view;
+    bool isReadable;
+  };
+  const Row rows[] = {
+      {origin, "null", origin, origin, true},
+      {nowhere, "null", origin, origin, true},
+      {origin, R"({"type":"group","matrix":)" + nowhere + "}", origin, origin, false},
+      {origin, R"({"type":"group","matrix":)" + endless + "}", origin, origin, false},
+      {origin, nest(12), origin, origin, true},
+      {origin, mesh("mesh", "0", R"("shininess":null)"), origin, origin, false},
+      {origin, mesh("mesh", "0", R"("alpha":1e40)"), origin, origin, false},
+      {origin, mesh("mesh", "0", R"("specular":[0,0,null])"), origin, origin, false},
+      {origin, mesh("mesh", "0", R"("ambient":[0,0,null])"), origin, origin, true},
+      {origin, mesh("mesh", "0", R"("shininess":null},{"type":"sglMaterial")"), origin, origin, true},
+      {origin, mesh("actor", "null", R"("shininess":null)"), origin, origin, true},
+      {origin, "null", nowhere, origin, false},
+      {origin, "null", origin, nowhere, false},
+      {origin, "null", endless, endless, true},
+  };
+  const ScratchFolder folder;
+  const std::string world = folder.path("a.wrl");
+  for (const Row& row : rows) {
+    const std::string text = R"({"assembly":{"type":"root","matrix":)" + row.root + R"(,"children":[)" + row.child +
+                             R"(]},"camera":{"frame":)" + row.camera + R"(},"views":[null,{"frame":)" + row.view +
+                             "}]}";
+    SCOPED_TRACE(text);
+    const ToolResult result = runToolWith({"convert", folder.write("a.json", text), world});
+    EXPECT_EQ(result.err, row.isReadable ? "" : world + ": note: holds numbers that no reader takes\n");
+    EXPECT_EQ(runToolWith({"check", world}).status, row.isReadable ? ExitStatus::done : ExitStatus::failed);
+  }
+}
+
 TEST(ConvertCommand, writes_nothing_for_what_does_not_load) {
   const ScratchFolder folder;
   const std::string bad = folder.write("a.wrl", "#VRML V2.0 utf8\nFog { x }\n");
