@@ -92,7 +92,8 @@ void DrawList::addGeode(const sglGeode& geode, const glm::dmat4& world, const Le
     const auto* geoSet = dynamic_cast<const sglGeoSet*>(geode.getGeometry(i));
     if (geoSet == nullptr) continue;
     if (const auto* primitive = dynamic_cast<const sglPrimitive*>(geoSet)) geoSet = trianglesOf(*primitive);
-    m_items.push_back({geoSet, placement, lookIndex(lookOf(*geoSet, lent.texture))});
+    const Look look = lookOf(*geoSet, lent.texture);
+    if (!look.isInvisible()) m_items.push_back({geoSet, placement, lookIndex(look)});
   }
   if (m_items.size() > itemCount) m_placements.push_back({world, lent.textureMatrix});
 }

@@ -34,8 +34,9 @@ struct Placement {
   glm::dmat4 texture{1.0};  // for texture coordinates (u, v, 0)
 };
 
-// Gathers drawables. Scenes and assemblies that are added must stay as they are for as long as the list lives. Of
-// levels of detail the first is taken, of switches what is selected; billboards turn to the onlooker.
+// Gathers drawables, but for those of which nothing can be seen. Scenes and assemblies that are added must stay as they
+// are for as long as the list lives. Of levels of detail the first is taken, of switches what is selected; billboards
+// turn to the onlooker.
 class DrawList {
  public:
   // `readsImages`: whether the image files that an assembly names are read for textures that hold no image.

@@ -21,13 +21,19 @@ Rgb colorOf(const sglVec3<float>& color) {
   return {within(color.x, 1.0F), within(color.y, 1.0F), within(color.z, 1.0F)};
 }
 
+// An exponent of 0 would lay the highlight over the whole surface.
+SurfaceLook surfaceOf(const sglVec3<float>& diffuse, const sglVec3<float>& ambient, const sglVec3<float>& specular,
+                      float shininess, float alpha) {
+  const float exponent = within(shininess, 128.0F);
+  return {colorOf(diffuse), colorOf(ambient), exponent > 0.0F ? colorOf(specular) : Rgb{}, exponent,
+          within(alpha, 1.0F)};
+}
+
 void setMaterial(const sglMaterial& material, Look& look) {
-  look.front = {colorOf(material.getFrontDiffuse()), colorOf(material.getFrontAmbient()),
-                colorOf(material.getFrontSpecular()), within(material.getFrontShininess(), 128.0F),
-                within(material.getFrontAlpha(), 1.0F)};
-  look.back = {colorOf(material.getBackDiffuse()), colorOf(material.getBackAmbient()),
-               colorOf(material.getBackSpecular()), within(material.getBackShininess(), 128.0F),
-               within(material.getBackAlpha(), 1.0F)};
+  look.front = surfaceOf(material.getFrontDiffuse(), material.getFrontAmbient(), material.getFrontSpecular(),
+                         material.getFrontShininess(), material.getFrontAlpha());
+  look.back = surfaceOf(material.getBackDiffuse(), material.getBackAmbient(), material.getBackSpecular(),
+                        material.getBackShininess(), material.getBackAlpha());
   if (!material.isColorMaterial()) return;
   look.colorSide = material.getColorMaterialSide();
   look.colorMode = material.getColorMaterialMode();

@@ -16,7 +16,8 @@ namespace embedded {
 
 using Rgb = std::array<float, 3>;
 
-// One side of a surface. Every number is finite; alpha from 0 to 1, shininess from 0 to 128.
+// One side of a surface. Every number is finite; alpha from 0 to 1, shininess from 0 to 128, and only what shines has a
+// specular colour.
 struct SurfaceLook {
   Rgb diffuse{0.8F, 0.8F, 0.8F};
   Rgb ambient{0.2F, 0.2F, 0.2F};
@@ -43,6 +44,12 @@ struct Look {
   float alphaReference = 0.0F;
   sglCullMode::CullModeEnum cullMode = sglCullMode::CULL_BACK;
   bool isClockwise = false;  // the front of a face
+
+  // Whether nothing of the drawable can be seen: worlds lay such shapes over others, for visitors to click on.
+  [[nodiscard]] bool isInvisible() const {
+    const bool isAlphaKept = texture == nullptr || environment == sglTexEnv::MODULATE;
+    return isBlended && isAlphaKept && front.alpha == 0.0F && back.alpha == 0.0F;
+  }
 
   friend auto operator<=>(const Look&, const Look&) = default;
 };

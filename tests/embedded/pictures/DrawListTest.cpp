@@ -5,7 +5,9 @@
 #include <VekKernel/CVekKAssyGroup.h>
 #include <VekSG/sglCube.h>
 #include <VekSG/sglLOD.h>
+#include <VekSG/sglMaterial.h>
 #include <VekSG/sglSwitch.h>
+#include <VekSG/sglTransparency.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -72,6 +74,27 @@ TEST(DrawList, gives_drawables_of_equal_states_one_look) {
   EXPECT_EQ(list.looks().size(), 2U);
   EXPECT_EQ(list.items()[0].look, list.items()[2].look);
   EXPECT_EQ(list.placements().size(), 1U);
+}
+
+TEST(DrawList, leaves_out_what_cannot_be_seen) {
+  const struct {
+    float alpha;
+    bool hasTransparencyOff;
+    bool isThere;
+  } kRows[] = {{0.0F, false, false}, {0.1F, false, true}, {1.0F, false, true}, {0.0F, true, true}};
+  for (const auto& row : kRows) {
+    auto set = fixtures::triangle();
+    const sglRef<sglMaterial> material(new sglMaterial);
+    material->setAlpha(row.alpha, sglMaterial::FRONT_AND_BACK);
+    sglStateletList states{material};
+    if (row.hasTransparencyOff) states.push_back(new sglTransparency(false, sglTransparency::BLEND));
+    set->setState(0, states);
+    const auto geode = fixtures::geodeOf(std::move(set));
+    DrawList list(Onlooker(), false);
+    list.addScene(geode.get());
+    EXPECT_EQ(!list.items().empty(), row.isThere) << row.alpha;
+    EXPECT_EQ(!list.bounds().isEmpty(), row.isThere) << row.alpha;
+  }
 }
 
 TEST(DrawList, measures_primitives_and_leaves_out_what_is_not_finite) {

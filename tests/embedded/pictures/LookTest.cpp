@@ -72,6 +72,16 @@ TEST(Look, keeps_the_two_sides_of_a_material_apart) {
   EXPECT_EQ(look.back.shininess, 128.0F);
 }
 
+TEST(Look, has_a_highlight_only_on_what_shines) {
+  for (const float shininess : {0.0F, 1.0F}) {
+    const sglRef<sglMaterial> made(new sglMaterial);
+    made->setSpecular(1, 1, 1, sglMaterial::FRONT_AND_BACK);
+    made->setShininess(shininess, sglMaterial::FRONT_AND_BACK);
+    EXPECT_EQ(lookWith({made}).front.specular[0], shininess);
+    EXPECT_EQ(lookWith({made}).back.specular[0], shininess);
+  }
+}
+
 TEST(Look, is_blended_when_said_or_when_something_is_transparent) {
   const sglRef<sglTexture2D> alphaImage = texture(sglTexture::FORMAT_RGBA, 4);
   const sglRef<sglTexture2D> plainImage = texture(sglTexture::FORMAT_RGB, 3);

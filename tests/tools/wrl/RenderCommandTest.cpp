@@ -218,6 +218,21 @@ TEST(RenderCommand, reads_the_images_of_textures_unless_told_not_to) {
   }
 }
 
+TEST(RenderCommand, draws_models_of_other_formats) {
+  const ScratchFolder folder;
+  const std::string file = folder.write("a.wrl", kThreeBoxes);
+  for (const char* name : {"a.glb", "a.obj", "a.json"}) {
+    SCOPED_TRACE(name);
+    ASSERT_EQ(runToolWith({"convert", file, folder.path(name)}).status, ExitStatus::done);
+    const ToolResult result =
+        runToolWith({"render", folder.path(name), folder.path("a.png"), "--size", "64x64", "--view", "front"});
+    EXPECT_EQ(result.status, ExitStatus::done) << result.err;
+    const embedded::Raster raster = readPicture(folder.path("a.png"));
+    EXPECT_TRUE(isReddish(pixelAt(raster, 0.7, 0.7)));
+    EXPECT_GT(pixelAt(raster, 0.35, 0.25)[2], pixelAt(raster, 0.35, 0.25)[1] + 60);
+  }
+}
+
 TEST(RenderCommand, stands_a_world_upright_along_the_axis_that_is_up_in_it) {
   const ScratchFolder folder;
   const std::string file = folder.write("a.wrl", kThreeBoxes);
