@@ -32,7 +32,8 @@ float within(float value, float greatest) { return value > 0.0F ? std::min(value
 // The colour texture of a material.
 struct ColorTexture {
   std::string name;  // as the file has it, "" without a texture
-  unsigned channel = 0;
+  TexturePlacement placement;
+  bool isTurned = false;
   bool repeatsS = true;
   bool repeatsT = true;
 };
@@ -45,7 +46,13 @@ ColorTexture colorTextureOf(const aiMaterial& material) {
     texture.name = name.C_Str();
     int channel = 0;
     if (material.Get(AI_MATKEY_UVWSRC(type, 0), channel) == aiReturn_SUCCESS && channel >= 0) {
-      texture.channel = static_cast<unsigned>(channel);
+      texture.placement.channel = static_cast<unsigned>(channel);
+    }
+    aiUVTransform transform;
+    if (material.Get(AI_MATKEY_UVTRANSFORM(type, 0), transform) == aiReturn_SUCCESS) {
+      texture.placement.scale = {transform.mScaling.x, transform.mScaling.y};
+      texture.placement.offset = {transform.mTranslation.x, transform.mTranslation.y};
+      texture.isTurned = transform.mRotation != 0.0F;
     }
     int mode = aiTextureMapMode_Wrap;
     static_cast<void>(material.Get(AI_MATKEY_MAPPINGMODE_U(type, 0), mode));
@@ -147,8 +154,10 @@ Color MaterialReader::vertexColorOf(unsigned material, const Color& color) const
                    m_source.isLinear);
 }
 
-unsigned MaterialReader::texCoordChannelOf(unsigned material) const {
-  return colorTextureOf(*materialAt(material)).channel;
+TexturePlacement MaterialReader::placementOf(unsigned material) const {
+  const ColorTexture texture = colorTextureOf(*materialAt(material));
+  if (texture.isTurned) m_notes.add("the texture " + texture.name + " is not turned");
+  return texture.placement;
 }
 
 MeshLooks MaterialReader::looksOf(unsigned number, const std::optional<Color>& meanColor) {

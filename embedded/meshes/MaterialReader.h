@@ -26,6 +26,13 @@ struct MeshLooks {
   sglRef<sglTexture2D> texture;       // null without a texture
 };
 
+// Where a colour texture lies: which texture coordinates it uses, and what is done to them, the scale first.
+struct TexturePlacement {
+  unsigned channel = 0;
+  std::array<float, 2> scale{1.0F, 1.0F};
+  std::array<float, 2> offset{0.0F, 0.0F};
+};
+
 // Reads the materials of a scene. Scene, source and notes must outlive it.
 class MaterialReader {
  public:
@@ -38,8 +45,8 @@ class MaterialReader {
   // A vertex's colour as it is displayed on that material.
   [[nodiscard]] std::array<float, 4> vertexColorOf(unsigned material, const std::array<float, 4>& color) const;
 
-  // Which texture coordinates the material's colour texture uses.
-  [[nodiscard]] unsigned texCoordChannelOf(unsigned material) const;
+  // Where the material's colour texture lies. A turned texture is taken as an unturned one, with a note.
+  [[nodiscard]] TexturePlacement placementOf(unsigned material) const;
 
  private:
   [[nodiscard]] const aiMaterial* materialAt(unsigned number) const;

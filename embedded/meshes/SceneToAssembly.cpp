@@ -218,11 +218,11 @@ class Builder {
       lists.meanColor = mean->color;
       if (!mean->isCommon) lists.colors = colorsOf(mesh);
     }
-    const unsigned channel = m_materials.texCoordChannelOf(mesh.mMaterialIndex);
-    if (channel < AI_MAX_NUMBER_OF_TEXTURECOORDS && mesh.mTextureCoords[channel] != nullptr) {
-      const aiVector3D* places = mesh.mTextureCoords[channel];
-      lists.texCoords = listOf<2>(mesh, [places](unsigned i, std::array<float, 2>& record) {
-        record = {places[i].x, places[i].y};
+    const TexturePlacement at = m_materials.placementOf(mesh.mMaterialIndex);
+    if (at.channel < AI_MAX_NUMBER_OF_TEXTURECOORDS && mesh.mTextureCoords[at.channel] != nullptr) {
+      const aiVector3D* places = mesh.mTextureCoords[at.channel];
+      lists.texCoords = listOf<2>(mesh, [places, &at](unsigned i, std::array<float, 2>& record) {
+        record = {places[i].x * at.scale[0] + at.offset[0], places[i].y * at.scale[1] + at.offset[1]};
       });
     }
     return lists;
