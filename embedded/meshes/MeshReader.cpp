@@ -14,6 +14,7 @@
 #include <assimp/Importer.hpp>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <set>
 
@@ -21,6 +22,7 @@
 #include "embedded/meshes/DeepStack.h"
 #include "embedded/meshes/ReaderLog.h"
 #include "embedded/meshes/SceneToAssembly.h"
+#include "embedded/meshes/TrialRun.h"
 
 namespace embedded {
 namespace {
@@ -79,18 +81,45 @@ std::size_t stackFor(const std::filesystem::path& file) {
   return static_cast<std::size_t>(error ? kLeast : std::min(kMost, kLeast + std::min(bytes, kMost) * 1024));
 }
 
-std::unique_ptr<CVekAssyRoot> read(const std::filesystem::path& file, const Format& format,
-                                   const MeshReadOptions& options, MeshNotes& notes, std::string& error) {
-  const ReaderLog log;
-  Assimp::Importer importer;
+// Whether a PLY file's header ends. assimp would look for the end of one that does not for ever.
+bool hasHeaderEnd(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  for (std::string line; std::getline(in, line);) {
+    if (line.starts_with("end_header")) return true;
+  }
+  return false;
+}
+
+const aiScene* readScene(Assimp::Importer& importer, const std::filesystem::path& file, const Format& format,
+                         const MeshReadOptions& options) {
   keepReadersOf(format.extension, importer);
   importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE, aiPrimitiveType_POINT | aiPrimitiveType_LINE);
   importer.SetPropertyBool(AI_CONFIG_IMPORT_COLLADA_USE_COLLADA_NAMES, true);
   // Whoever says which axis is up speaks of the numbers in the file.
   importer.SetPropertyBool(AI_CONFIG_IMPORT_COLLADA_IGNORE_UP_DIRECTION, options.up.has_value());
-  constexpr unsigned kSteps =
-      aiProcess_ValidateDataStructure | aiProcess_Triangulate | aiProcess_SortByPType | aiProcess_TransformUVCoords;
-  const aiScene* scene = importer.ReadFile(file.string(), kSteps);
+  return importer.ReadFile(file.string(),
+                           aiProcess_ValidateDataStructure | aiProcess_Triangulate | aiProcess_SortByPType);
+}
+
+std::unique_ptr<CVekAssyRoot> read(const std::filesystem::path& file, const Format& format,
+                                   const MeshReadOptions& options, MeshNotes& notes, std::string& error) {
+  std::error_code problem;
+  if (format.extension == "ply" && std::filesystem::is_regular_file(file, problem) && !hasHeaderEnd(file)) {
+    error = "the header of the PLY file has no end";
+    return nullptr;
+  }
+  // Some damaged files bring assimp down, and all of the process with it.
+  const auto trial = [&] {
+    Assimp::Importer importer;
+    readScene(importer, file, format, options);
+  };
+  if (!survivesTrial(trial)) {
+    error = "the file is damaged in a way that its reader breaks down on";
+    return nullptr;
+  }
+  const ReaderLog log;
+  Assimp::Importer importer;
+  const aiScene* scene = readScene(importer, file, format, options);
   if (scene == nullptr || scene->mRootNode == nullptr) {
     error = oneLine(importer.GetErrorString());
     if (error.empty()) error = "there is no scene in it";

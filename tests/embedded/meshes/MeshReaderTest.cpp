@@ -299,6 +299,37 @@ TEST(MeshReader, WhatHasNoNameInGltfGetsNone) {
   EXPECT_EQ(treeOf(*read(folder.path("a.gltf"))).text, "a(Top((*())))");
 }
 
+TEST(MeshReader, TexturesOfGltfMayBeMovedAndScaledButNotTurned) {
+  const TempFolder folder;
+  writeImage(folder.path("a.png"));
+  const auto model = [](const std::string& transform) {
+    // The positions stand for texture coordinates too: the first two of each three numbers.
+    std::string text = gltf(R"("pbrMetallicRoughness":{"baseColorTexture":{"index":0,"extensions":{)"
+                            R"("KHR_texture_transform":{)" +
+                                transform + "}}}}",
+                            R"(,"textures":[{"source":0}],"images":[{"uri":"a.png"}],)"
+                            R"("extensionsUsed":["KHR_texture_transform"])");
+    const auto replace = [&text](const std::string& from, const std::string& to) {
+      text.replace(text.find(from), from.size(), to);
+    };
+    replace(R"("POSITION":0)", R"("POSITION":0,"TEXCOORD_0":2)");
+    replace(R"("bufferViews":[)", R"("bufferViews":[{"buffer":0,"byteLength":36,"byteStride":12},)");
+    replace(R"([{"bufferView":0,)", R"([{"bufferView":1,)");
+    replace(R"({"bufferView":1,"componentType":5123,"count":3,"type":"SCALAR"})",
+            R"({"bufferView":2,"componentType":5123,"count":3,"type":"SCALAR"},)"
+            R"({"bufferView":0,"componentType":5126,"count":3,"type":"VEC2"})");
+    return text;
+  };
+  folder.write("a.gltf", model(R"("offset":[0.25,0.125],"scale":[2,3])"));
+  const Root root = read(folder.path("a.gltf"));
+  const Floats expected{0.25F, 0.875F, 2.25F, 0.875F, 0.25F, -2.125F};  // from the lower left
+  EXPECT_EQ(listOf(embedded::texCoordList(setOf(*treeOf(*root).actors.at(0)))), expected);
+  folder.write("b.gltf", model(R"("rotation":0.5)"));
+  MeshNotes notes;
+  EXPECT_NE(read(folder.path("b.gltf"), {}, notes), nullptr);
+  EXPECT_EQ(notes.all(), std::vector<std::string>{"the texture a.png is not turned"});
+}
+
 // An assembly of one textured square and the .glb file of it.
 void writeTexturedGlb(const TempFolder& folder, const std::string& name, unsigned channels = 3) {
   writeImage(folder.path("source.png"), channels);
@@ -382,6 +413,11 @@ TEST(MeshReader, WhatCannotBeReadIsSaid) {
     EXPECT_FALSE(error.empty()) << name;
     EXPECT_EQ(error.find('\n'), std::string::npos) << name;
   }
+  std::string polygon = plyWithColors("0 0 0");
+  folder.write("corners.ply", polygon.erase(polygon.find("0 0 0 255") + 6));
+  EXPECT_EQ(errorOf(folder.path("corners.ply")), "the file is damaged in a way that its reader breaks down on");
+  folder.write("cut.ply", plyWithColors("0 0 0").substr(0, 60));
+  EXPECT_EQ(errorOf(folder.path("cut.ply")), "the header of the PLY file has no end");
   EXPECT_EQ(errorOf(folder.path("world.wrl")), "no mesh format has the extension \".wrl\"");
   EXPECT_NE(errorOf(folder.path("missing.obj")).find("missing.obj"), std::string::npos);
 }
