@@ -1,7 +1,10 @@
-// The table of the node type, and its two hooks.
+// The table of the node type, its two hooks, and its picture.
 
 #include "vrml/nodes/ImageTextureNode.h"
 
+#include "image/FileGIF89a.h"
+#include "image/ImageFileType.h"
+#include "vrml/nodes/LocalUrl.h"
 #include "vrml/nodes/NodeTables.h"
 
 namespace vrml {
@@ -16,7 +19,12 @@ constexpr auto kFields =
 constinit const NodeClass ImageTextureNode::kClass =
     describe<ImageTextureNode>({.typeName = "ImageTexture", .fields = kFields});
 
+ImageTextureNode::ImageTextureNode(NodeData* shared) : TypedNode(kClass, shared) {}
+ImageTextureNode::~ImageTextureNode() = default;
+
 const char* ImageTextureNode::refresh() {
+  m_picturePath.clear();
+  m_picture.reset();
   if (getUrl().getSize() == 0) return nullptr;
   const char* const first = getUrl().get1Value(0);
   m_fileName = first ? first : "";
@@ -25,6 +33,35 @@ const char* ImageTextureNode::refresh() {
 
 void ImageTextureNode::prepare() {
   if (getUrl().getSize() == 0) m_fileName.clear();
+}
+
+int ImageTextureNode::getWidth() const {
+  const image::FileImage* const shown = picture();
+  return shown ? shown->getWidth() : 0;
+}
+
+int ImageTextureNode::getHeight() const {
+  const image::FileImage* const shown = picture();
+  return shown ? shown->getHeight() : 0;
+}
+
+const unsigned char* ImageTextureNode::getImage() {
+  const image::FileImage* const shown = picture();
+  return shown ? shown->getImage() : nullptr;
+}
+
+// An instance has the urls of its source, which stand in the source's file.
+const image::FileImage* ImageTextureNode::picture() const {
+  if (const Node* const source = getReferenceNode()) return static_cast<const ImageTextureNode*>(source)->picture();
+  const char* const url = getUrl().getSize() == 0 ? nullptr : getUrl().get1Value(0);
+  std::string path = localPath(url ? url : "", fileOfNode(*this));
+  if (path != m_picturePath) {
+    m_picture.reset();
+    if (isRegularFile(path) && image::getImageFileType(path) == image::kGIFFile)
+      m_picture = std::make_unique<const image::FileGIF89a>(path);
+    m_picturePath = std::move(path);
+  }
+  return m_picture && m_picture->isOk() ? m_picture.get() : nullptr;
 }
 
 }  // namespace vrml

@@ -1,12 +1,18 @@
 #pragma once
 
-// A texture from a picture file. The node itself reads no file; it knows which of its urls is the current one.
+// A texture from a picture file. Of these the node reads GIF files, and none before somebody asks for the picture: most
+// worlds are read by those who never do.
 
+#include <memory>
 #include <string>
 
 #include "vrml/fields/MFString.h"
 #include "vrml/nodes/TextureNode.h"
 #include "vrml/nodes/TypedNode.h"
+
+namespace image {
+class FileImage;
+}
 
 namespace vrml {
 
@@ -17,12 +23,22 @@ struct ImageTextureData : TextureData {
 class ImageTextureNode final : public TypedNode<TextureNode, ImageTextureData> {
  public:
   static const NodeClass kClass;
-  explicit ImageTextureNode(NodeData* shared = nullptr) : TypedNode(kClass, shared) {}
+  explicit ImageTextureNode(NodeData* shared = nullptr);
+  ~ImageTextureNode() override;
 
-  /// Takes the first url, when there is one, as the current file name and answers with it; null without a url.
+  /// Takes the first url, when there is one, as the current file name and answers with it; null without a url. The
+  /// picture is read anew when it is asked for next.
   const char* refresh() override;
   /// Forgets the current file name when there is no url.
   void prepare() override;
+
+  /// The picture of the GIF file that the first url names, relative to the file that this node was read from: 3 bytes
+  /// a pixel (red, green, blue), row by row from above, valid until the url changes or the next refresh. 0 and null
+  /// when the url names no regular file that begins as a GIF does and can be read as one. The first of these calls
+  /// reads the file; an instance has its source's picture.
+  [[nodiscard]] int getWidth() const override;
+  [[nodiscard]] int getHeight() const override;
+  [[nodiscard]] const unsigned char* getImage() override;
 
   /// The current file name; "" before the first refresh and after a prepare without a url.
   [[nodiscard]] const std::string& getFileName() const noexcept { return m_fileName; }
@@ -31,7 +47,13 @@ class ImageTextureNode final : public TypedNode<TextureNode, ImageTextureData> {
   [[nodiscard]] MFString& editUrl() { return *editData().url; }
 
  private:
+  // Null when there is no picture to show.
+  [[nodiscard]] const image::FileImage* picture() const;
+
   std::string m_fileName;
+  // What the last question found, and the path that it was asked of; "" before the first.
+  mutable std::string m_picturePath;
+  mutable std::unique_ptr<const image::FileImage> m_picture;
 };
 
 }  // namespace vrml

@@ -1,6 +1,6 @@
 #pragma once
 
-// The base of the textures: whether they repeat, and the picture that they hold in themselves, if any.
+// The base of the textures: whether they repeat, and the picture that they show, as far as it is known here.
 
 #include "vrml/fields/SFBool.h"
 #include "vrml/nodes/Node.h"
@@ -14,9 +14,9 @@ struct TextureData : NodeData {
 
 class TextureNode : public Node {
  public:
-  /// Behind the operations of every node; the order stays. What a texture holds of a picture without reading a file:
-  /// its width and height in pixels, and its pixels as the image field gives them, owned by the node until the field
-  /// changes. 0 and null for a texture that holds none.
+  /// Behind the operations of every node; the order stays. The texture's picture: its width and height in pixels, and
+  /// its pixels as bytes, in the form that the class describes, owned by the node. 0 and null for a texture of which no
+  /// picture is known.
   [[nodiscard]] virtual int getWidth() const { return 0; }
   [[nodiscard]] virtual int getHeight() const { return 0; }
   [[nodiscard]] virtual const unsigned char* getImage() { return nullptr; }

@@ -7,7 +7,6 @@
 // read and resolved as a scene of its own.
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <new>
@@ -16,6 +15,7 @@
 #include <utility>
 
 #include "vrml/nodes/InlineNode.h"
+#include "vrml/nodes/LocalUrl.h"
 #include "vrml/nodes/Node.h"
 #include "vrml/nodes/NodeFactory.h"
 #include "vrml/nodes/RootNode.h"
@@ -28,39 +28,6 @@ constexpr const char* kHeaderLine = "#VRML V2.0 utf8\n";
 // In the order of BindStack.
 constexpr std::array<NodeType, kBindStackCount> kBindableTypes = {nodeType("Background"), nodeType("Fog"),
                                                                   nodeType("NavigationInfo"), nodeType("Viewpoint")};
-
-// ---- the urls of an Inline
-
-// A scheme is two letters or more in front of a colon; a single one is a drive.
-bool hasScheme(std::string_view url) {
-  const std::size_t colon = url.find(':');
-  if (colon == std::string_view::npos || colon < 2) return false;
-  return std::all_of(url.begin(), url.begin() + static_cast<std::ptrdiff_t>(colon), [](char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '+' || c == '-' || c == '.';
-  });
-}
-
-// The local file that a url names, relative to the folder of the file that it stands in; "" when it names none.
-std::string localPath(std::string_view url, const std::string& base) {
-  constexpr std::string_view kFileScheme = "file:";
-  if (url.starts_with(kFileScheme))
-    url.remove_prefix(kFileScheme.size());
-  else if (hasScheme(url))
-    return {};
-  if (url.empty()) return {};
-  std::string path(url);
-  std::replace(path.begin(), path.end(), '\\', '/');
-  if (path.front() == '/') return path;
-  const std::size_t slash = base.find_last_of("/\\");
-  return slash == std::string::npos ? path : base.substr(0, slash + 1) + path;
-}
-
-// A file must not make the reader wait for a pipe, or read a device that never ends, so the files that it names are
-// regular ones.
-bool isRegularFile(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(path, error);
-}
 
 // One spelling for all the ways to name a file.
 std::string canonicalPath(const std::string& path) {
@@ -96,6 +63,7 @@ void SceneGraph::load(const std::string& path, bool resolve, Progress progress, 
 
 void SceneGraph::loadText(FileText text, const std::string& path, bool resolve, Progress progress, void* data) {
   m_path = path;
+  getRoot()->setFile(path);
   readText(std::move(text), progress, data);
   if (resolve && succeeded()) this->resolve(progress, data);
   releaseText();

@@ -6,6 +6,7 @@
 #include "vrml/nodes/InlineNode.h"
 #include "vrml/nodes/Node.h"
 #include "vrml/nodes/RootNode.h"
+#include "vrml/nodes/TextureNode.h"
 
 namespace vrml {
 namespace {
@@ -265,6 +266,38 @@ TEST(Inline, counts_what_it_holds_in_copies) {
       true);
   EXPECT_EQ(scene.getErrorToken(), "USE");
   EXPECT_NEAR(scene.getErrorLine(), 2000, 5);
+}
+
+// No picture is read while a world is loaded; afterwards each texture finds its file beside the world that names it.
+TEST(Inline, holds_textures_whose_files_lie_beside_it) {
+  const TemporaryFolder folder;
+  const std::string shape = "Shape { appearance Appearance { texture DEF t ImageTexture { url \"dot.gif\" } } }";
+  folder.write("parts/part.wrl", file(shape));
+  SceneGraph scene;
+  scene.load(folder.write("main.wrl", file(shape + " DEF i Inline { url \"parts/part.wrl\" } USE i USE t")), true);
+  ASSERT_EQ(verdict(scene), "ok");
+  // One pixel, of the colour that is given.
+  const auto gif = [](char color) {
+    return std::string("GIF89a\1\0\1\0\x80\0\0", 13) + std::string(3, color) + std::string(3, '\0') +
+           std::string(",\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 16);
+  };
+  folder.write("dot.gif", gif(7));
+  folder.write("parts/dot.gif", gif(9));
+  const auto colorOf = [](Node* node) {
+    auto* const texture = static_cast<TextureNode*>(node);
+    return texture->getWidth() == 1 && texture->getHeight() == 1 ? int{texture->getImage()[0]} : -1;
+  };
+  const auto textureBelow = [](const Node* holder) {
+    return holder->getChildNodes()->getChildNodes()->getChildNodes();
+  };
+  const Node* const root = scene.getRoot();
+  const Node* const inlined = root->getFirstChild("Inline");
+  const Node* const again = inlined->next("Inline");
+  ASSERT_NE(again, nullptr);
+  EXPECT_EQ(colorOf(textureBelow(root)), 7);
+  EXPECT_EQ(colorOf(textureBelow(inlined)), 9);
+  EXPECT_EQ(colorOf(textureBelow(again)), 9);
+  EXPECT_EQ(colorOf(root->getFirstChild("ImageTexture")), 7);
 }
 
 }  // namespace
