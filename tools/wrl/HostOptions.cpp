@@ -21,9 +21,27 @@ bool readNumber(const std::string& text, float& value) {
   return error == std::errc() && end == last && std::isfinite(value);
 }
 
+// Every command takes both, so that whoever says what is wanted need not know which is the default. They act where they
+// stand, so that the last one counts.
+void addTextureFlags(CLI::App& app, HostOptions& options, bool areRead) {
+  options.textures = areRead;
+  const auto read = [&options](std::int64_t) { options.textures = true; };
+  const auto leave = [&options](std::int64_t) { options.textures = false; };
+  app.add_flag_function(
+         "--textures", read,
+         areRead ? "Read the image files of textures, as by default" : "Read the image files of textures")
+      ->trigger_on_parse()
+      ->group(kGroup);
+  app.add_flag_function(
+         "--no-textures", leave,
+         areRead ? "Leave the image files of textures alone" : "Leave the image files of textures alone, as by default")
+      ->trigger_on_parse()
+      ->group(kGroup);
+}
+
 }  // namespace
 
-void addHostOptions(CLI::App& app, HostOptions& options) {
+void addHostOptions(CLI::App& app, HostOptions& options, TextureDefault textures) {
   const CLI::callback_t takeRefinement = [&options](const CLI::results_t& results) {
     return readNumber(results.front(), options.refinement);
   };
@@ -34,7 +52,7 @@ void addHostOptions(CLI::App& app, HostOptions& options) {
   addRepeatable(app, "--search", options.searchFolders, "Look for files in this folder too; may be given again")
       ->type_name("DIR")
       ->group(kGroup);
-  app.add_flag("--textures", options.textures, "Read the image files of textures")->group(kGroup);
+  addTextureFlags(app, options, textures == TextureDefault::read);
   const auto hideStatistics = [&options](std::int64_t) { options.showStatistics = false; };
   app.add_flag_function("--no-stats", hideStatistics, "Leave the statistics block out")->group(kGroup);
   addRepeatable(app, "--veto", options.vetoes,

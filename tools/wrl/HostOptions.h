@@ -16,7 +16,7 @@ struct HostOptions {
   float refinement = 1.0F;                 // --refinement: how finely primitives are cut
   bool merge = false;                      // --merge: the whole file into one object
   std::vector<std::string> searchFolders;  // --search: where files are looked for that do not lie where they should
-  bool textures = false;                   // --textures: the module is offered an image reader
+  bool textures = false;                   // --textures, --no-textures: the module is offered an image reader
   bool showStatistics = true;              // --no-stats: whether the module's statistics block is shown
   std::vector<std::string> vetoes;         // --veto: event texts that the hook answers with false
   bool trace = false;                      // --trace: the hook's calls on standard error
@@ -29,8 +29,14 @@ struct HostOptions {
   std::optional<std::string> unpackFolder;
 };
 
-/// Declares the options in a group of their own.
-void addHostOptions(CLI::App& app, HostOptions& options);
+/// What becomes of the image files of textures when the command line says nothing of them.
+enum class TextureDefault {
+  ignored,  // the module is offered no reader: it keeps to what every host gets
+  read,     // it is offered one: the command's result is a picture or a file, which textures belong to
+};
+
+/// Declares the options in a group of their own, and sets the default of those that depend on the command.
+void addHostOptions(CLI::App& app, HostOptions& options, TextureDefault textures = TextureDefault::ignored);
 
 /// Declares `--up`, for subcommands that make an assembly of what they load.
 void addUpAxis(CLI::App& app, HostOptions& options);

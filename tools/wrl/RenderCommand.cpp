@@ -17,18 +17,12 @@ namespace {
 
 class RenderCommand : public Command {
  public:
-  RenderCommand() { m_host.textures = true; }
-
   void addOptions(CLI::App& app) override {
     addFile(app, m_file);
     addPath(app, "OUT.png", m_output, "The picture to write; - is standard output")->required();
     addPictureOptions(app, m_picture);
-    addHostOptions(app, m_host);
+    addHostOptions(app, m_host, TextureDefault::read);
     addUpAxis(app, m_host);
-    app.add_flag_function(
-           "--no-textures", [this](std::int64_t) { m_host.textures = false; },
-           "Leave the image files of textures alone")
-        ->group("Host settings");
   }
 
   [[nodiscard]] std::span<const CommandExample> examples() const override {

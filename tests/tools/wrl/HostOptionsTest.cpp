@@ -20,12 +20,12 @@ struct Parsed {
   std::string output;
 };
 
-Parsed parse(const std::vector<std::string>& arguments) {
+Parsed parse(const std::vector<std::string>& arguments, TextureDefault textures = TextureDefault::ignored) {
   Parsed parsed;
   CLI::App app;
   addFiles(app, parsed.files);
   addOutput(app, parsed.output);
-  addHostOptions(app, parsed.host);
+  addHostOptions(app, parsed.host, textures);
   std::vector<const char*> words;
   for (const std::string& argument : arguments) words.push_back(argument.c_str());
   std::vector<std::string> reversed = protectWords(static_cast<int>(words.size()), words.data());
@@ -65,6 +65,30 @@ TEST(HostOptions, are_taken_over_in_their_order) {
   EXPECT_TRUE(parsed.host.trace);
   EXPECT_EQ(parsed.output, "out.json");
   EXPECT_EQ(parsed.files, std::vector<std::string>{"a.wrl"});
+}
+
+TEST(HostOptions, read_textures_by_the_commands_default_unless_told) {
+  const struct {
+    TextureDefault byDefault;
+    std::vector<std::string> arguments;
+    bool expected;
+  } rows[] = {
+      {TextureDefault::ignored, {}, false},
+      {TextureDefault::ignored, {"--textures"}, true},
+      {TextureDefault::ignored, {"--no-textures"}, false},
+      {TextureDefault::read, {}, true},
+      {TextureDefault::read, {"--textures"}, true},
+      {TextureDefault::read, {"--no-textures"}, false},
+      {TextureDefault::read, {"--no-textures", "--textures"}, true},
+      {TextureDefault::read, {"--textures", "--no-textures"}, false},
+  };
+  for (const auto& row : rows) {
+    std::vector<std::string> arguments = row.arguments;
+    arguments.push_back("a.wrl");
+    const Parsed parsed = parse(arguments, row.byDefault);
+    EXPECT_TRUE(parsed.accepted);
+    EXPECT_EQ(parsed.host.textures, row.expected) << testing::PrintToString(row.arguments);
+  }
 }
 
 TEST(HostOptions, leave_the_file_behind_a_repeatable_option_alone) {
