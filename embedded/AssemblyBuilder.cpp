@@ -11,6 +11,7 @@
 #include <VekSG/sglTexture2D.h>
 #include <VekSG/sglTransform.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <glm/geometric.hpp>
@@ -24,26 +25,29 @@
 namespace embedded {
 namespace {
 
-// The last texture among a drawable's states, null without one.
-sglTexture2D* textureOf(const sglDrawable& drawable) {
+// The last texture among a drawable's states when it comes from an image file, else null.
+sglTexture2D* fileTextureOf(const sglDrawable& drawable) {
   sglTexture2D* texture = nullptr;
   const StateElement* state = drawable.getState(0);
   if (state == nullptr) return nullptr;
   for (const sglRef<sglStatelet>& statelet : state->getStatelets()) {
     if (auto* found = dynamic_cast<sglTexture2D*>(statelet.get())) texture = found;
   }
-  return texture;
+  return texture == nullptr || texture->getFileName().empty() ? nullptr : texture;
 }
 
-// The texture that lies on every drawable of a geode, null when there is no such one.
-sglTexture2D* commonTexture(const sglGeode& geode) {
-  sglTexture2D* common = nullptr;
-  for (unsigned i = 0; i < geode.getNumGeometries(); ++i) {
-    sglTexture2D* texture = textureOf(*geode.getGeometry(i));
-    if (texture == nullptr || (common != nullptr && texture != common)) return nullptr;
-    common = texture;
-  }
-  return common;
+// Drawables that share an image file, or have none.
+struct TexturedPart {
+  sglTexture2D* texture;
+  std::unique_ptr<sglGeode> geode;
+};
+
+// The part of that texture, at the end when there was none.
+sglGeode& partOf(std::vector<TexturedPart>& parts, sglTexture2D* texture) {
+  const auto found =
+      std::find_if(parts.begin(), parts.end(), [texture](const TexturedPart& part) { return part.texture == texture; });
+  if (found != parts.end()) return *found->geode;
+  return *parts.emplace_back(TexturedPart{texture, std::make_unique<sglGeode>()}).geode;
 }
 
 void setTexture(CVekActor& actor, sglTexture2D& texture) {
@@ -63,7 +67,7 @@ class Builder : public SceneVisitor {
 
   bool enter(const sglNode& node, const glm::dmat4&) override {
     if (const auto* geode = dynamic_cast<const sglGeode*>(&node)) {
-      addMesh(*geode);
+      addMeshes(*geode);
       return false;
     }
     if (hasGroup(node)) {
@@ -89,19 +93,24 @@ class Builder : public SceneVisitor {
     return dynamic_cast<const sglLOD*>(&node) == nullptr && dynamic_cast<const sglSwitch*>(&node) == nullptr;
   }
 
-  void addMesh(const sglGeode& geode) {
-    auto presentable = std::make_unique<sglGeode>();
-    presentable->setName(geode.getName());
+  void addMeshes(const sglGeode& geode) {
+    std::vector<TexturedPart> parts;
     for (unsigned i = 0; i < geode.getNumGeometries(); ++i) {
-      if (auto copy = m_tessellator.copyOf(geode.getGeometry(i))) presentable->addGeometry(copy.release());
+      if (auto copy = m_tessellator.copyOf(geode.getGeometry(i))) {
+        sglGeode& part = partOf(parts, fileTextureOf(*copy));
+        part.addGeometry(copy.release());
+      }
     }
-    if (presentable->getNumGeometries() == 0) return;
+    for (TexturedPart& part : parts) addMesh(geode, part);
+  }
+
+  void addMesh(const sglGeode& geode, TexturedPart& part) {
     auto mesh = std::make_unique<CVekActorMesh>();
     const sglGroup* group = geode.getParent();
     mesh->SetName(geode.getName().empty() && group != nullptr ? group->getName() : geode.getName());
-    sglTexture2D* texture = commonTexture(*presentable);
-    if (texture != nullptr && !texture->getFileName().empty()) setTexture(*mesh, *texture);
-    mesh->SetPresentable(presentable.release());
+    if (part.texture != nullptr) setTexture(*mesh, *part.texture);
+    part.geode->setName(geode.getName());
+    mesh->SetPresentable(part.geode.release());
     m_open.back()->AddChild(mesh.release());
   }
 

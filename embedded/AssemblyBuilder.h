@@ -16,8 +16,9 @@ namespace embedded {
 //
 // Transforms, groups and billboards become CVekKAssyGroups of the same name, a level of detail becomes its first level,
 // a switch its selected choice. A geode with at least one drawable becomes a CVekActorMesh named like the geode or,
-// when that has no name, like its group; primitive drawables become indexed triangle sets. When one image file lies on
-// all drawables of a geode, the mesh carries it as its texture and as the property "Texture.Map.Path".
+// when that has no name, like its group; primitive drawables become indexed triangle sets. A mesh carries one image
+// file at most, as its texture and as the property "Texture.Map.Path": where the drawables of a geode have different
+// ones, each file's become a mesh of their own, and those without one another, all of the same name.
 [[nodiscard]] std::unique_ptr<CVekAssyRoot> buildAssembly(const sglNode* scene, const std::string& name);
 
 // A camera that sees all of a box: perspective, from the front, the right and above, upright in a world whose z axis is

@@ -139,36 +139,51 @@ TEST(AssemblyBuilder, ListsAreSharedWithTheScene) {
   EXPECT_EQ(dynamic_cast<const sglGeoSet&>(*geodeOf(onlyMesh(*root)).getGeometry(0)).getCoordList(), coords.get());
 }
 
-TEST(AssemblyBuilder, AnImageFileThatLiesOnTheWholeGeodeBecomesTheMeshsTexture) {
-  const sglRef<sglTexture2D> image(new sglTexture2D);
-  image->setFileName("maps/wood.png");
+TEST(AssemblyBuilder, AMeshHasTheImageFileOfItsDrawables) {
+  const sglRef<sglTexture2D> wood(new sglTexture2D);
+  wood->setFileName("maps/wood.png");
+  const sglRef<sglTexture2D> stone(new sglTexture2D);
+  stone->setFileName("maps/stone.png");
   const sglRef<sglTexture2D> generated(new sglTexture2D);
   struct Row {
     const char* name;
     std::vector<sglTexture2D*> textures;  // of the geode's drawables
-    bool expected;
+    std::vector<const char*> meshes;      // the image file and the number of drawables of each mesh
   };
   const Row rows[] = {
-      {"on all", {image.get(), image.get()}, true},
-      {"on one of two", {image.get(), nullptr}, false},
-      {"two different ones", {image.get(), generated.get()}, false},
-      {"from no file", {generated.get()}, false},
-      {"none", {nullptr}, false},
+      {"on all", {wood.get(), wood.get()}, {"wood.png 2"}},
+      {"on one of two", {wood.get(), nullptr}, {"wood.png 1", " 1"}},
+      {"on the second of two", {nullptr, wood.get()}, {" 1", "wood.png 1"}},
+      {"two files in turn",
+       {wood.get(), stone.get(), wood.get(), nullptr, stone.get(), wood.get()},
+       {"wood.png 3", "stone.png 2", " 1"}},
+      {"a file and one from none", {generated.get(), wood.get()}, {" 1", "wood.png 1"}},
+      {"one from no file, and none", {generated.get(), nullptr}, {" 2"}},
+      {"none", {nullptr}, {" 1"}},
   };
   for (const Row& row : rows) {
-    auto geode = std::make_unique<sglGeode>();
+    SCOPED_TRACE(row.name);
+    auto geode = named(std::make_unique<sglGeode>(), "plate");
     for (sglTexture2D* texture : row.textures) {
       auto set = fixtures::triangle();
       if (texture != nullptr) set->setState(0, {sglRef<sglStatelet>(texture)});
       geode->addGeometry(set.release());
     }
     const auto root = embedded::buildAssembly(geode.get(), "");
-    const CVekActorMesh& mesh = onlyMesh(*root);
-    const auto* path = embedded::propertyOf<CVekPropPath>(mesh.GetProperties(), embedded::kMapPath);
-    EXPECT_EQ(mesh.HasTexture(), row.expected) << row.name;
-    ASSERT_EQ(path != nullptr, row.expected) << row.name;
-    if (path == nullptr) continue;
-    EXPECT_EQ(path->GetValue(), std::filesystem::absolute("maps/wood.png").string());
+    std::vector<std::string> meshes;
+    for (const CVekAssyNode* node : root->GetChilds()) {
+      const auto& mesh = dynamic_cast<const CVekActorMesh&>(*node);
+      EXPECT_EQ(mesh.GetName(), "plate");
+      EXPECT_EQ(geodeOf(mesh).getName(), "plate");
+      const auto* path = embedded::propertyOf<CVekPropPath>(mesh.GetProperties(), embedded::kMapPath);
+      EXPECT_EQ(mesh.HasTexture(), path != nullptr);
+      const std::filesystem::path file = path == nullptr ? "" : path->GetValue();
+      if (path != nullptr) {
+        EXPECT_EQ(file.parent_path(), std::filesystem::absolute("maps"));
+      }
+      meshes.push_back(file.filename().string() + " " + std::to_string(geodeOf(mesh).getNumGeometries()));
+    }
+    EXPECT_EQ(meshes, std::vector<std::string>(row.meshes.begin(), row.meshes.end()));
   }
 }
 
