@@ -2,6 +2,7 @@
 
 // The settings behind sglModelLoader and sglDataLoader.
 
+#include <VekSGdb/sglDataLoader.h>
 #include <VekSGdb/sglModelLoader.h>
 
 #include <map>
@@ -25,6 +26,7 @@ struct LoaderSettings {
   std::map<std::string, std::string, std::less<>> options;  // option strings by extension
   sglModelLoader::CallbackProgressFn progress = nullptr;    // hears of progress
   sglModelLoader::ImageReaderFn imageReader = nullptr;      // reads the files of textures
+  sglDataLoader::UnpackFn unpacker = nullptr;               // unpacks compressed models
 };
 
 // The process's settings, to be read and changed.

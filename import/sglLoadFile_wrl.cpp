@@ -16,6 +16,28 @@
 #include "import/Messages.h"
 #include "vrml/nodes/RootNode.h"
 #include "vrml/reader/SceneGraph.h"
+#include "vrml/reader/Unpacker.h"
+
+namespace {
+
+/// Lets the reader unpack files as the host does, for as long as this lives. A host that offers nothing for it, or
+/// knows no such thing, leaves compressed files to be refused.
+class HostUnpacker {
+ public:
+  HostUnpacker() : m_before(vrml::setUnpacker(ofHost())) {}
+  ~HostUnpacker() { vrml::setUnpacker(m_before); }
+  HostUnpacker(const HostUnpacker&) = delete;
+  HostUnpacker& operator=(const HostUnpacker&) = delete;
+
+ private:
+  static vrml::Unpacker ofHost() {
+    return &sglDataLoader::getUnpacker != nullptr ? sglDataLoader::getUnpacker() : nullptr;
+  }
+
+  vrml::Unpacker m_before;
+};
+
+}  // namespace
 
 sglLoadFile_wrl::sglLoadFile_wrl() : m_tessellation(sglModelLoader::GetIORefinement() * 1.5F + 0.5F) {
   m_callback = sglModelLoader::getCallback("wrl", &m_callbackData);
@@ -67,6 +89,7 @@ std::unique_ptr<sglNode> sglLoadFile_wrl::loadScene(const std::string& path) {
 }
 
 bool sglLoadFile_wrl::parse(const std::string& path) {
+  const HostUnpacker unpacker;
   m_scene = std::make_unique<vrml::SceneGraph>();
   m_modelDir = sglDataLoader::extractDirectoryFromPath(path);
   m_scene->load(path, true);

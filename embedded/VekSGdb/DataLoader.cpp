@@ -62,3 +62,5 @@ bool sglDataLoader::findFile(const std::string& name, const char* directory, std
   }
   return embedded::isAbsolutePath(asked) && search.accept(embedded::nativePath(asked));
 }
+
+sglDataLoader::UnpackFn sglDataLoader::getUnpacker() { return embedded::loaderSettings().unpacker; }

@@ -1,5 +1,6 @@
 #include "import/sglLoadFile_wrl.h"
 
+#include <VekSG/sglCube.h>
 #include <VekSG/sglTransform.h>
 
 #include <new>
@@ -7,6 +8,7 @@
 #include "embedded/LoaderSettings.h"
 #include "tests/import/ImportTest.h"
 #include "vrml/reader/SceneGraph.h"
+#include "vrml/reader/Unpacker.h"
 
 namespace {
 
@@ -169,6 +171,40 @@ TEST_F(LoadFile, reports_the_error_of_the_last_file_that_it_tried) {
   EXPECT_EQ(recorder.messages()[0].text, "sglLoadFile_wrl: Error loading: " + broken + "\n");
   EXPECT_EQ(recorder.messages()[1].text, "\tLine 4, at or about \"nonsense\"\n\t>>nonsense\n");
   EXPECT_EQ(loader.m_modelDir, pathOf(".").substr(0, pathOf(".").size() - 2));
+}
+
+/// A compressed file as the hosts of these tests have them: gzip's mark, and each byte one too high.
+std::string packed(std::string text) {
+  for (char& byte : text) ++byte;
+  return "\x1F\x8B" + text;
+}
+
+bool unpack(std::string_view packed, std::string& plain) {
+  plain = packed.substr(2);
+  for (char& byte : plain) --byte;
+  return !plain.ends_with("#damaged\n");
+}
+
+TEST_F(LoadFile, reads_compressed_files_where_the_host_unpacks_them) {
+  const std::string header = "#VRML V2.0 utf8\n";
+  write("part.wrl", packed(header + shape("", "Box { }")));
+  const std::string world = write("packed.wrl", packed(header + "Inline { url \"part.wrl\" }\n"));
+  const std::string wrong = write("wrong.wrl", packed(header + "\nGroup { x }\n"));
+  const std::string damaged = write("damaged.wrl", packed(header + "Group { }\n#damaged\n"));
+  const std::string refused = "2[sglLoadFile_wrl: Error loading: ";
+  {
+    const Loaded loaded = loadPath(world);
+    EXPECT_EQ(loaded.scene(), nullptr);
+    EXPECT_TRUE(loaded.report().starts_with(refused + world)) << loaded.report();
+  }
+  embedded::loaderSettings().unpacker = unpack;
+  const Loaded loaded = loadPath(world);
+  EXPECT_NE(dynamic_cast<const sglCube*>(loaded.drawable()), nullptr);
+  EXPECT_EQ(loaded.report(), "");
+  EXPECT_EQ(loadPath(wrong).report(), refused + wrong + "\n]2[\tLine 3, at or about \"x\"\n\t>>Group { x }\n]");
+  EXPECT_TRUE(loadPath(damaged).report().starts_with(refused + damaged));
+  // The reader itself unpacks nothing once the load is over.
+  EXPECT_EQ(vrml::setUnpacker(nullptr), nullptr);
 }
 
 TEST_F(LoadFile, flags_change_nothing) {

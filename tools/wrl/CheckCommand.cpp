@@ -10,6 +10,7 @@
 #include "tools/wrl/CheckReport.h"
 #include "tools/wrl/Command.h"
 #include "tools/wrl/Echo.h"
+#include "tools/wrl/FileKind.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostOptions.h"
 #include "tools/wrl/HostSetUp.h"
@@ -88,6 +89,7 @@ class CheckCommand : public Command {
     const std::string path = readEchoing(scene, input.path);
     if (m_options.verbose) tellReading(path, std::chrono::duration<double>(Clock::now() - start).count());
     describeReading(report, scene);
+    if (!report.isRead()) report.kind = foreignKind(path);
     const std::string folder = sglDataLoader::extractDirectoryFromPath(path);
     AuditOptions options;
     if (m_options.textures) {

@@ -84,6 +84,7 @@ void describeNotes(CheckReport& report, const vrml::SceneGraph& scene, const Aud
 
 void writeText(std::ostream& out, const CheckReport& report, bool wantsOk, bool wantsNotes) {
   if (wantsOk || !report.isRead()) out << stateLine(report) << '\n';
+  if (!report.kind.empty()) out << report.file << ": error: this is " << report.kind << '\n';
   if (!wantsNotes) return;
   for (const CheckNote& note : report.notes) out << report.file << ": note: " << withPlace(note) << '\n';
 }
@@ -99,6 +100,7 @@ void writeJson(std::ostream& out, const CheckReport& report) {
       json.integer(report.line);
       writeKey(json, "token", report.token);
       writeKey(json, "text", report.lineText);
+      writeKeyUnlessEmpty(json, "kind", report.kind);
     }
     json.key("notes");
     json.beginList();

@@ -40,6 +40,7 @@ struct CheckReport {
   std::string token;             // where it was found
   std::string lineText;          // the line it stands in
   std::vector<CheckNote> notes;  // of a file that was read
+  std::string kind;              // what a file that was not read is instead, see foreignKind
 };
 
 /// Takes over how a reading ended.

@@ -27,6 +27,8 @@ constexpr std::array kReaders = {
     ReaderFormat{"stl", "STL model", readMesh},
     ReaderFormat{"ply", "PLY model", readMesh},
     ReaderFormat{"dae", "COLLADA model", readMesh},
+    ReaderFormat{"wrz", "compressed VRML97 world", readWorld},
+    ReaderFormat{"gz", "compressed VRML97 world", readWorld},
 };
 
 constexpr std::array kWriters = {

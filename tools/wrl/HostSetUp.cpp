@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "embedded/Gzip.h"
 #include "embedded/LoaderSettings.h"
 #include "embedded/images/ImageFile.h"
 
@@ -15,6 +16,7 @@ HostSetUp::HostSetUp(const HostOptions& options) : m_options(options) {
   settings.refinement = options.refinement;
   settings.mergeInOneActor = options.merge;
   settings.searchFolders = options.searchFolders;
+  settings.unpacker = embedded::unpackFile;
   if (options.textures) settings.imageReader = embedded::readTextureImage;
   if (options.trace || !options.vetoes.empty()) settings.hooks["wrl"] = {answerHook, this};
 }

@@ -5,6 +5,7 @@
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Command.h"
 #include "tools/wrl/Echo.h"
+#include "tools/wrl/FileKind.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/Output.h"
@@ -42,7 +43,7 @@ class NodesCommand : public Command {
       readFile(scene, input.path, !m_keepReferences);
     }
     if (isUnopened(scene)) return ExitStatus::failed;
-    if (!scene.succeeded()) std::cerr << errorLine(m_file, scene) << '\n';
+    if (!scene.succeeded()) std::cerr << errorLine(m_file, scene) << '\n' << foreignKindLine(m_file, input.path);
     Output output(m_output);
     scene.write(output.stream());
     const bool delivered = output.finishOrReport();

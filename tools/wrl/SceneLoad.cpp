@@ -9,6 +9,7 @@
 
 #include "embedded/LoaderSettings.h"
 #include "tools/wrl/Descriptors.h"
+#include "tools/wrl/FileKind.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostSetUp.h"
 #include "tools/wrl/Input.h"
@@ -92,6 +93,7 @@ std::optional<LoadedScene> loadScene(const std::string& file, const HostOptions&
   embedded::ModuleLoader module;
   if (!openModule(module)) return std::nullopt;
   LoadedScene loaded = loadWith(module, input.path, options);
+  if (loaded.failed) std::cerr << foreignKindLine(file, input.path);
   if (options.verbose) tellReading(file, loaded.seconds);
   return loaded;
 }

@@ -12,8 +12,10 @@
 #include <utility>
 #include <vector>
 
+#include "embedded/Gzip.h"
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Output.h"
+#include "vrml/reader/Unpacker.h"
 
 namespace wrl {
 
@@ -87,6 +89,8 @@ ExitStatus parseAndRun(int argumentCount, const char* const* arguments) {
 const char* toolVersion() { return "wrl " WRL_VERSION; }
 
 ExitStatus runTool(int argumentCount, const char* const* arguments) {
+  // The front end that is linked into this program reads what the module reads under this host.
+  vrml::setUnpacker(embedded::unpackFile);
   try {
     return parseAndRun(argumentCount, arguments);
   } catch (const std::exception& reason) {

@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "vrml/reader/ScannerFailure.h"
+#include "vrml/reader/Unpacker.h"
 
 namespace vrml {
 namespace {
@@ -32,7 +34,12 @@ std::size_t sizeHint(std::FILE* file) {
 
 constexpr std::size_t kFirstBlock = std::size_t{1} << 16;
 
+constexpr std::string_view kGzipMark = "\x1F\x8B";
+Unpacker g_unpacker = nullptr;
+
 }  // namespace
+
+Unpacker setUnpacker(Unpacker unpacker) noexcept { return std::exchange(g_unpacker, unpacker); }
 
 void FileText::makeRoom(std::size_t size) {
   if (size <= m_capacity) return;
@@ -59,6 +66,12 @@ bool FileText::read(const std::string& path) {
   }
   const bool failed = std::ferror(file.get()) != 0;
   if (failed) m_size = 0;
+  std::string plain;
+  if (text().starts_with(kGzipMark) && g_unpacker && g_unpacker(text(), plain)) {
+    makeRoom(plain.size() + kScanPadding);
+    std::memcpy(m_buffer.get(), plain.data(), plain.size());
+    m_size = plain.size();
+  }
   std::memset(m_buffer.get() + m_size, 0, kScanPadding);
   return !failed;
 }

@@ -20,6 +20,8 @@ void hearProgress(float, const char*) {}
 
 bool readNothing(const std::string&, sglTexture2D*) { return false; }
 
+bool unpackNothing(std::string_view, std::string&) { return false; }
+
 class LoaderSupport : public testing::Test {
  protected:
   ~LoaderSupport() override { embedded::resetLoaderSettings(); }
@@ -35,6 +37,7 @@ TEST_F(LoaderSupport, DefaultsAreAPlainHost) {
   EXPECT_EQ(sglModelLoader::GetCallbackProgress(), nullptr);
   EXPECT_FALSE(sglModelLoader::GetIOMergeFileInOneActor());
   EXPECT_EQ(sglModelLoader::getImageReader(), nullptr);
+  EXPECT_EQ(sglDataLoader::getUnpacker(), nullptr);
 }
 
 TEST_F(LoaderSupport, SettingsAreAnsweredAndReset) {
@@ -47,6 +50,7 @@ TEST_F(LoaderSupport, SettingsAreAnsweredAndReset) {
   settings.options["wrl"] = "-x";
   settings.progress = hearProgress;
   settings.imageReader = readNothing;
+  settings.unpacker = unpackNothing;
   EXPECT_EQ(sglModelLoader::GetIORefinement(), 2.5F);
   EXPECT_TRUE(sglModelLoader::GetIOMergeFileInOneActor());
   EXPECT_EQ(sglModelLoader::getCallback("wrl", &userData), vetoAll);
@@ -55,9 +59,11 @@ TEST_F(LoaderSupport, SettingsAreAnsweredAndReset) {
   EXPECT_EQ(sglModelLoader::getOptionString("wrl"), "-x");
   EXPECT_EQ(sglModelLoader::GetCallbackProgress(), hearProgress);
   EXPECT_EQ(sglModelLoader::getImageReader(), readNothing);
+  EXPECT_EQ(sglDataLoader::getUnpacker(), unpackNothing);
   embedded::resetLoaderSettings();
   EXPECT_EQ(sglModelLoader::GetIORefinement(), 1.0F);
   EXPECT_EQ(sglModelLoader::getImageReader(), nullptr);
+  EXPECT_EQ(sglDataLoader::getUnpacker(), nullptr);
 }
 
 TEST_F(LoaderSupport, NullArgumentsAreAnswered) {
