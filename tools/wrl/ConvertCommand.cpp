@@ -17,7 +17,7 @@ class ConvertCommand : public Command {
   void addOptions(CLI::App& app) override {
     addPath(app, "IN", m_input, "The file to read: " + knownReaders() + "; - is a world on standard input")->required();
     addPath(app, "OUT", m_output, "The file to write: " + knownWriters())->required();
-    addHostOptions(app, m_options);
+    addHostOptions(app, m_options, TextureDefault::read);
     addUpAxis(app, m_options);
   }
 

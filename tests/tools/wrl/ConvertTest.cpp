@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 
 #include "tests/tools/wrl/RunTool.h"
 
@@ -205,6 +206,45 @@ TEST(ConvertCommand, turns_a_world_whose_z_axis_is_up) {
     EXPECT_EQ(boxOf(folder.path("b.wrl")), axis == std::string("y") ? turnedTwice : turnedOnce);
   }
   EXPECT_EQ(runToolWith({"convert", "--up", "x", world, folder.path("c.wrl")}).status, ExitStatus::usage);
+}
+
+// Two shapes of one group with an image each, and one without.
+TEST(ConvertCommand, keeps_the_textures_unless_told_not_to) {
+  const ScratchFolder folder;
+  const auto gif = [](char grey) {
+    return std::string("GIF89a\1\0\1\0\x80\0\0", 13) + std::string(3, grey) + std::string(3, '\0') +
+           std::string(",\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 16);
+  };
+  const auto shape = [](const std::string& appearance) {
+    return "Shape { appearance Appearance { " + appearance +
+           " } geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 -1 ] "
+           "texCoord TextureCoordinate { point [ 0 0, 1 0, 0 1 ] } } }\n";
+  };
+  std::filesystem::create_directory(folder.path("maps"));
+  folder.write("maps/dark.gif", gif(10));
+  folder.write("pale.gif", gif('\xF0'));
+  const std::string world = folder.write(
+      "a.wrl", "#VRML V2.0 utf8\nGroup { children [\n" + shape("texture ImageTexture { url \"maps\\dark.gif\" }") +
+                   shape("") + shape("texture ImageTexture { url \"pale.gif\" repeatS FALSE }") + "] }\n");
+  std::filesystem::create_directory(folder.path("out"));
+  ASSERT_EQ(runToolWith({"convert", "--no-stats", world, folder.path("out/b.wrl")}).err, "");
+  const std::string written = folder.read("out/b.wrl");
+  EXPECT_TRUE(holds(written, "texture ImageTexture { url [ \"Textures\\dark.jpg\"]repeatS TRUE repeatT TRUE }"));
+  EXPECT_TRUE(holds(written, "texture ImageTexture { url [ \"Textures\\pale.jpg\"]repeatS FALSE repeatT FALSE }"));
+  EXPECT_TRUE(std::filesystem::exists(folder.path("out/Textures/dark.jpg")));
+  EXPECT_TRUE(std::filesystem::exists(folder.path("out/Textures/pale.jpg")));
+  // What was written keeps them once more.
+  const ToolResult again = runToolWith({"scene", "--no-stats", "--textures", folder.path("out/b.wrl")});
+  EXPECT_EQ(again.err, "");
+  EXPECT_NE(again.out.find("sglTexture2D"), again.out.rfind("sglTexture2D"));
+
+  // The module keeps what it has read, so this is about another image.
+  folder.write("other.gif", gif(10));
+  const std::string other =
+      folder.write("other.wrl", "#VRML V2.0 utf8\n" + shape("texture ImageTexture { url \"other.gif\" }"));
+  ASSERT_EQ(runToolWith({"convert", "--no-textures", other, folder.path("c.wrl")}).status, ExitStatus::done);
+  EXPECT_FALSE(holds(folder.read("c.wrl"), "ImageTexture"));
+  EXPECT_FALSE(std::filesystem::exists(folder.path("Textures")));
 }
 
 }  // namespace
