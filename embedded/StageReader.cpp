@@ -113,13 +113,20 @@ class AssemblyReader {
     } else if (key == "geode") {
       record.geode = takeGeode();
     } else if (key == "mapPath") {
-      record.mapPath = m_json.takeText();
+      record.mapPath = takePath();
     } else if (key == "texture") {
       record.texture = takeTexture();
     } else {
       return false;
     }
     return true;
+  }
+
+  std::string takePath() {
+    std::string path = m_json.takeText();
+    // The disk would take it for the name of another file.
+    if (path.find('\0') != std::string::npos) m_json.fail("a path without a zero character is expected");
+    return path;
   }
 
   std::unique_ptr<sglGeode> takeGeode() {

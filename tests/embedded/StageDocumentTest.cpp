@@ -284,6 +284,8 @@ TEST(StageDocument, ErrorsNameTheKeyAndItsPlace) {
        "/assembly/children/0: unknown key \"matrix\" of type \"plainGroup\""},
       {R"({"assembly": {"type": "root", "children": {}}})", "/assembly/children: a list is expected, not an object"},
       {withMesh(R"(, "geode": {"geometry": []})"), "/assembly/children/0/geode/geometry: unknown key \"geometry\""},
+      {withMesh(R"(, "mapPath": "wood\u0000.jpg")"),
+       "/assembly/children/0/mapPath: a path without a zero character is expected"},
       {withMesh(R"(, "name": "a", "name": "b")"), "/assembly/children/0/name: the key \"name\" comes twice"},
       {withDrawable(R"({"type": "sglCube", "coords": []})"),
        "/assembly/children/0/geode/geometries/0: unknown key \"coords\" of type \"sglCube\""},
