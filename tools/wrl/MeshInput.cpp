@@ -22,7 +22,9 @@ LoadedStage readMesh(const std::string& file, const HostOptions& options) {
     const StandardOutputAside aside;
     assembly = embedded::readMeshFile(file, {options.up, folder}, notes, error);
   }
-  for (const std::string& note : notes.all()) std::cerr << file << ": note: " << note << '\n';
+  if (!options.quiet) {
+    for (const std::string& note : notes.all()) std::cerr << file << ": note: " << note << '\n';
+  }
   if (assembly == nullptr) {
     std::cerr << file << ": error: " << error << '\n';
     return {nullptr, true, nullptr};

@@ -197,6 +197,7 @@ TEST(MeshConvert, textures_inside_a_model_are_left_out_of_a_printed_document) {
   EXPECT_EQ(result.status, ExitStatus::done);
   EXPECT_FALSE(holds(result.out, "mapPath"));
   EXPECT_EQ(result.err, folder.path("a.glb") + ": note: the texture 0 inside the model is left out\n");
+  EXPECT_EQ(runToolWith({"stage", "-q", folder.path("a.glb")}).err, "");
 }
 
 TEST(MeshConvert, failures_leave_the_output_alone) {
