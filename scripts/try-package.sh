@@ -41,7 +41,8 @@ echo "== $package"
 cp "$package" "$clean/package.deb"
 cp "$root"/examples/*.wrl "$clean/srv"
 inside apt-get update -q >/dev/null
-inside apt-get install -q -y --no-install-recommends /package.deb 2>&1 | grep -E '^(Setting up|E:|The following)' || true
+inside apt-get install -q -y --no-install-recommends /package.deb >"$clean/install.log" 2>&1 ||
+  { cat "$clean/install.log"; exit 1; }
 inside dpkg-query -W -f '${Package} ${Version} ${db:Status-Status}\n' wrl
 
 echo "== the command"
@@ -49,6 +50,9 @@ inside wrl --version
 inside wrl info --no-stats /srv/two-triangles.wrl
 inside wrl check /srv/garden.wrl /srv/chair.wrl
 if inside wrl --help | grep -qE "^ +render "; then
+  echo "== pictures, with what the package recommends"
+  recommended=$(inside dpkg-query -W -f '${Recommends}' wrl)
+  inside apt-get install -q -y --no-install-recommends ${recommended//,/ } >/dev/null 2>&1
   inside wrl render --no-stats /srv/garden.wrl /srv/garden.png
   [ "$(head -c 4 "$clean/srv/garden.png" | tail -c 3)" = PNG ] || { echo "no picture" >&2; exit 1; }
   echo "a picture of $(stat -c %s "$clean/srv/garden.png") bytes"

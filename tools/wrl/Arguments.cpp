@@ -65,6 +65,13 @@ void addFiles(CLI::App& app, std::vector<std::string>& files) {
       ->required();
 }
 
+void addMore(CLI::App& app, const std::string& name, std::vector<std::string>& paths, const std::string& description) {
+  addTexts(app, name, paths, description)
+      ->type_name("")
+      ->expected(0, CLI::detail::expected_max_vector_size)
+      ->allow_extra_args();
+}
+
 void addOutput(CLI::App& app, std::string& path) {
   addText(app, "-o,--output", path, "Write to this file instead of standard output")->type_name("OUT");
 }

@@ -22,6 +22,9 @@ CLI::Option* addPath(CLI::App& app, const std::string& name, std::string& path, 
 /// Declares one or more FILEs, folders among them.
 void addFiles(CLI::App& app, std::vector<std::string>& files);
 
+/// Declares further paths, any number of them, behind the positional arguments that have a name each.
+void addMore(CLI::App& app, const std::string& name, std::vector<std::string>& paths, const std::string& description);
+
 /// Declares `-o OUT`; without it `path` stays empty, which means standard output.
 void addOutput(CLI::App& app, std::string& path);
 

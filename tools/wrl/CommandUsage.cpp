@@ -20,15 +20,11 @@ struct ValueName {
 };
 
 constexpr std::array kValueNames = {
-    ValueName{"DIR", ValueKind::folder, ""},
-    ValueName{"OUT", ValueKind::file, ""},
-    ValueName{"FILE", ValueKind::file, ""},
-    ValueName{"IN", ValueKind::file, ""},
-    ValueName{"STAGE.json", ValueKind::file, ""},
-    ValueName{"OUT.wrl", ValueKind::file, ""},
-    ValueName{"OUT.png", ValueKind::file, ""},
-    ValueName{"AXIS", ValueKind::choice, "y z"},
-    ValueName{"SHELL", ValueKind::choice, "bash zsh fish"},
+    ValueName{"DIR", ValueKind::folder, ""},      ValueName{"OUT", ValueKind::file, ""},
+    ValueName{"FILE", ValueKind::file, ""},       ValueName{"IN", ValueKind::file, ""},
+    ValueName{"STAGE.json", ValueKind::file, ""}, ValueName{"OUT.wrl", ValueKind::file, ""},
+    ValueName{"OUT.png", ValueKind::file, ""},    ValueName{"MORE", ValueKind::file, ""},
+    ValueName{"AXIS", ValueKind::choice, "y z"},  ValueName{"SHELL", ValueKind::choice, "bash zsh fish"},
 };
 
 std::vector<std::string> wordsOf(std::string_view text) {

@@ -3,6 +3,7 @@
 #include "tools/wrl/InputFiles.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -15,11 +16,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isWorldName(std::string_view name) {
-  constexpr std::string_view kExtension = ".wrl";
-  if (name.size() <= kExtension.size() || name.starts_with('.')) return false;
+// Whether the name ends so, in either case, behind at least one character.
+bool endsLike(std::string_view name, std::string_view ending) {
   const auto isSame = [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b); };
-  return std::equal(name.end() - kExtension.size(), name.end(), kExtension.begin(), kExtension.end(), isSame);
+  return name.size() > ending.size() &&
+         std::equal(name.end() - static_cast<std::ptrdiff_t>(ending.size()), name.end(), ending.begin(), isSame);
+}
+
+bool isWorldName(std::string_view name) {
+  return !name.starts_with('.') && (endsLike(name, ".wrl") || endsLike(name, ".wrz") || endsLike(name, ".wrl.gz"));
 }
 
 // The worlds below a folder; an error when the folder itself cannot be listed, or the listing breaks off.

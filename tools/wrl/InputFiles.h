@@ -14,8 +14,8 @@ struct InputFiles {
 };
 
 /// Takes every argument over as it stands, but for folders: in their place stand the files below them, at any depth,
-/// whose names end in .wrl in either case and do not begin with a full stop. Links to folders are not followed. A
-/// folder that cannot be listed stays, to be reported by whoever opens it.
+/// whose names end in .wrl, .wrz or .wrl.gz in either case and do not begin with a full stop. Links to folders are not
+/// followed. A folder that cannot be listed stays, to be reported by whoever opens it.
 [[nodiscard]] InputFiles findInputFiles(const std::vector<std::string>& arguments);
 
 }  // namespace wrl

@@ -22,6 +22,7 @@ class Listing : public testing::Test {
     m_folder.write("worlds/c.wrl", kHeader + "Fog { \"x\" }\n");
     m_folder.write("worlds/.hidden.wrl", kHeader + "Fog { x }\n");
     m_folder.write("worlds/readme.txt", "no world\n");
+    m_folder.write("worlds/list.gz", "no world\n");
   }
 
   std::string path(const std::string& name) const { return m_folder.path("worlds/" + name); }
@@ -35,6 +36,10 @@ TEST_F(Listing, a_folder_stands_for_the_worlds_below_it) {
   EXPECT_EQ(found.files, wanted);
   EXPECT_TRUE(found.hasFolder);
   EXPECT_FALSE(findInputFiles({path("b.wrl")}).hasFolder);
+  std::filesystem::create_directory(m_folder.path("packed"));
+  for (const char* name : {"packed/a.WRZ", "packed/b.wrl.gz", "packed/c.gz"}) m_folder.write(name, "");
+  const std::vector<std::string> packed = {m_folder.path("packed/a.WRZ"), m_folder.path("packed/b.wrl.gz")};
+  EXPECT_EQ(findInputFiles({m_folder.path("packed")}).files, packed);
 }
 
 TEST_F(Listing, check_counts_what_a_folder_holds) {
@@ -105,6 +110,41 @@ TEST_F(Listing, info_prints_json) {
   EXPECT_EQ(result.out.substr(0, expected.size()), expected);
   EXPECT_NE(result.out.find(R"(,"viewpoints":["Front"],"seconds":)"), std::string::npos) << result.out;
   EXPECT_TRUE(result.out.ends_with("\n{\"file\":\"" + path("c.wrl") + "\",\"status\":\"failed\"}\n")) << result.out;
+}
+
+TEST_F(Listing, convert_writes_each_file_beside_itself) {
+  const ToolResult result = runToolWith({"convert", "--no-stats", "--to", "json", m_folder.path("worlds")});
+  EXPECT_EQ(result.status, ExitStatus::failed);
+  EXPECT_EQ(result.out, path("b.wrl") + ": " + path("b.json") + "\n" + path("c.wrl") + ": failed\n" +
+                            path("deep/a.WRL") + ": " + path("deep/a.json") + "\n3 files: 2 ok, 1 failed\n");
+  EXPECT_EQ(runToolWith({"stage", "--no-stats", path("b.wrl")}).out, m_folder.read("worlds/b.json"));
+  EXPECT_FALSE(std::filesystem::exists(path("c.json")));
+  EXPECT_EQ(runToolWith({"convert", "-q", "--json", "--to", ".json", path("b.wrl"), path("deep/a.WRL")}).out,
+            R"({"file":")" + path("b.wrl") + R"(","status":"ok","output":")" + path("b.json") + "\"}\n" +
+                R"({"file":")" + path("deep/a.WRL") + R"(","status":"ok","output":")" + path("deep/a.json") + "\"}\n");
+}
+
+TEST_F(Listing, convert_never_writes_over_a_file_that_it_was_given) {
+  const std::string before = m_folder.read("worlds/b.wrl");
+  const ToolResult itself = runToolWith({"convert", "-q", "--to", "wrl", path("b.wrl")});
+  EXPECT_EQ(itself.status, ExitStatus::failed);
+  EXPECT_EQ(itself.err, path("b.wrl") + ": error: is one of the files to read\n");
+  EXPECT_EQ(m_folder.read("worlds/b.wrl"), before);
+  m_folder.write("worlds/b.WRL", kHeader);
+  const ToolResult twice = runToolWith({"convert", "-q", "--to", "json", path("b.wrl"), path("b.WRL")});
+  EXPECT_EQ(twice.status, ExitStatus::failed);
+  EXPECT_EQ(twice.err, path("b.json") + ": error: written before, for another file\n");
+}
+
+TEST_F(Listing, convert_knows_wrong_usage_before_it_begins) {
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"convert", path("b.wrl")},
+           {"convert", path("b.wrl"), path("b.json"), path("d.json")},
+           {"convert", "--to", "xyz", path("b.wrl")},
+       }) {
+    EXPECT_EQ(runToolWith(arguments).status, ExitStatus::usage) << arguments.back();
+  }
+  EXPECT_FALSE(std::filesystem::exists(path("b.json")));
 }
 
 TEST_F(Listing, a_quiet_load_speaks_only_when_it_fails) {
