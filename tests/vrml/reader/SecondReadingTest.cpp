@@ -11,6 +11,7 @@ namespace vrml {
 namespace {
 
 using readertest::EchoCapture;
+using readertest::loaded;
 using readertest::loadText;
 using readertest::verdict;
 using readertest::written;
@@ -146,6 +147,17 @@ TEST(SecondReading, drops_events_of_the_open_node_in_expansions) {
        "TimeSensor {\n\tenabled TRUE\n\tloop FALSE\n\tcycleInterval 1.000000\n\tstartTime 0.000000\n\tstopTime "
        "0.000000\n}\n"},
   });
+}
+
+TEST(SecondReading, drops_values_of_any_kind_with_their_events) {
+  for (const char* const value :
+       {"1 2 3", "\"x\"", "NULL", "USE a", "USE nobody", "[ ]", "[ [ 1 ] \"]\" ]", "Shape { }",
+        "[ Shape { geometry Box { } } USE a ]", "Switch { choice [ Shape { } ] }"}) {
+    SCOPED_TRACE(value);
+    EXPECT_EQ(loaded("PROTO P [ field MFNode n [ ] ] { Group { addChildren " + std::string(value) +
+                     " children IS n } }\nDEF a Shape { }\nP { n [ Box { } ] }"),
+              "DEF a Shape {\n}\nGroup {\n\tchildren [\n\t\tBox {\n\t\t\tsize 2 2 2\n\t\t}\n\t]\n}\n");
+  }
 }
 
 TEST(SecondReading, drops_nothing_of_the_kind_elsewhere) {
