@@ -17,6 +17,7 @@
 // An open list of numbers is read by the scanner's loop over numbers, straight into the field's packed values; whatever
 // that loop does not know goes through the token path, one token at a time, and back into the loop.
 
+#include <algorithm>
 #include <array>
 
 #include "vrml/fields/Fields.h"
@@ -226,11 +227,11 @@ bool ValueReader::readNodeText(bool allowNodes, std::string& out) {
       const bool isNode = token().text == "DEF" || m_lexer.braceFollows();
       if (!allowNodes || !isNode) return false;
       out += token().text;
-      if (!m_lexer.copyBraces(out)) {
-        advance();
-        return false;
-      }
+      const bool isWhole = m_lexer.copyBraces(out);
+      // A field's text ends at its first zero byte, which would cut the node off.
+      std::replace(out.begin(), out.end(), '\0', ' ');
       advance();
+      if (!isWhole) return false;
       return true;
     }
     default:
