@@ -93,7 +93,8 @@ void sglLoadFile_wrl::convertMaterial(const vrml::MaterialNode& node, ShapeParts
 
 sglRef<sglTexture2D> sglLoadFile_wrl::convertImageTexture(const vrml::ImageTextureNode& node) {
   const std::string url = firstUrl(node);
-  m_inlineDir = sglDataLoader::extractDirectoryFromPath(vrml::inlinedFileOf(node));
+  const std::string inlinedFile = vrml::inlinedFileOf(node);
+  m_inlineDir = inlinedFile.empty() ? "" : sglDataLoader::extractDirectoryFromPath(inlinedFile);
   sglTexture2D* const texture = createTexture(url, node.getRepeatS(), node.getRepeatT());
   if (texture == nullptr) warn("Texture: ", url, " not found.\n");
   return texture;

@@ -2,6 +2,9 @@
 
 #include "vrml/nodes/ImageTextureNode.h"
 
+#include <array>
+#include <utility>
+
 #include "image/FileGIF89a.h"
 #include "image/ImageFileType.h"
 #include "vrml/nodes/LocalUrl.h"
@@ -19,11 +22,21 @@ constexpr auto kFields =
 constinit const NodeClass ImageTextureNode::kClass =
     describe<ImageTextureNode>({.typeName = "ImageTexture", .fields = kFields});
 
+// A picture file that was asked for.
+struct ImageTextureNode::Picture {
+  explicit Picture(std::string file) : path(std::move(file)) {
+    if (isRegularFile(path) && image::getImageFileType(path) == image::kGIFFile)
+      reader = std::make_unique<const image::FileGIF89a>(path);
+  }
+
+  std::string path;
+  std::unique_ptr<const image::FileImage> reader;  // null when the file is none that is read
+};
+
 ImageTextureNode::ImageTextureNode(NodeData* shared) : TypedNode(kClass, shared) {}
 ImageTextureNode::~ImageTextureNode() = default;
 
 const char* ImageTextureNode::refresh() {
-  m_picturePath.clear();
   m_picture.reset();
   if (getUrl().getSize() == 0) return nullptr;
   const char* const first = getUrl().get1Value(0);
@@ -55,13 +68,9 @@ const image::FileImage* ImageTextureNode::picture() const {
   if (const Node* const source = getReferenceNode()) return static_cast<const ImageTextureNode*>(source)->picture();
   const char* const url = getUrl().getSize() == 0 ? nullptr : getUrl().get1Value(0);
   std::string path = localPath(url ? url : "", fileOfNode(*this));
-  if (path != m_picturePath) {
-    m_picture.reset();
-    if (isRegularFile(path) && image::getImageFileType(path) == image::kGIFFile)
-      m_picture = std::make_unique<const image::FileGIF89a>(path);
-    m_picturePath = std::move(path);
-  }
-  return m_picture && m_picture->isOk() ? m_picture.get() : nullptr;
+  if (!m_picture || m_picture->path != path) m_picture = std::make_unique<const Picture>(std::move(path));
+  const image::FileImage* const reader = m_picture->reader.get();
+  return reader && reader->isOk() ? reader : nullptr;
 }
 
 }  // namespace vrml

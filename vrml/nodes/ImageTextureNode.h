@@ -47,13 +47,13 @@ class ImageTextureNode final : public TypedNode<TextureNode, ImageTextureData> {
   [[nodiscard]] MFString& editUrl() { return *editData().url; }
 
  private:
+  struct Picture;
+
   // Null when there is no picture to show.
   [[nodiscard]] const image::FileImage* picture() const;
 
   std::string m_fileName;
-  // What the last question found, and the path that it was asked of; "" before the first.
-  mutable std::string m_picturePath;
-  mutable std::unique_ptr<const image::FileImage> m_picture;
+  mutable std::unique_ptr<const Picture> m_picture;  // what the last question found; null before the first
 };
 
 }  // namespace vrml
