@@ -46,8 +46,8 @@ def check_programs(folder, world, prefix=None):
 
 
 def check_cmake_package(folder, prefix, examples, world, args):
-    run("cmake", "-S", examples, "-B", folder, f"-DCMAKE_PREFIX_PATH={prefix}", f"-DCMAKE_CXX_COMPILER={args.compiler}",
-        f"-DCMAKE_CXX_FLAGS={args.flags}")
+    run("cmake", "-G", "Ninja", "-S", examples, "-B", folder, f"-DCMAKE_PREFIX_PATH={prefix}",
+        f"-DCMAKE_CXX_COMPILER={args.compiler}", f"-DCMAKE_CXX_FLAGS={args.flags}")
     run("cmake", "--build", folder)
     check_programs(folder, world)
     expect("own_search", run(os.path.join(folder, "own_search"), world), "found\n")
@@ -66,7 +66,7 @@ def check_pkg_config(folder, prefix, examples, world, args):
 
 def check_other_host(folder, other, args):
     """The module alone, against a folder of headers that is not host/."""
-    run("cmake", "-S", args.source, "-B", folder, f"-DWRL_HOST_INCLUDE_DIR={other}", "-DWRL_BUILD_TOOLS=OFF",
+    run("cmake", "-G", "Ninja", "-S", args.source, "-B", folder, f"-DWRL_HOST_INCLUDE_DIR={other}", "-DWRL_BUILD_TOOLS=OFF",
         "-DWRL_BUILD_TESTS=OFF", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", f"-DCMAKE_CXX_COMPILER={args.compiler}")
     with open(os.path.join(folder, "compile_commands.json"), encoding="utf-8") as f:
         commands = [entry["command"] for entry in json.load(f) if "/entry/" in entry["file"]]
