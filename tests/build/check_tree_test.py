@@ -59,7 +59,7 @@ class Texts(unittest.TestCase):
     ROWS = [
         ("vrml/A.cpp", 'const char* k = "/' + 'home/someone/a.wrl";\n', "path of one machine"),
         ("run.sh", "cd /" + "root/project\n", "path of one machine"),
-        ("docs/a.md", "see https://example.org/home/a and host/home\n", None),
+        ("docs/a.md", "see https://example.org/" + "home/a and host/" + "home\n", None),
         ("vrml/A.h", "class A;\n", "#pragma once"),
         ("vrml/B.h", "#pragma once\n", None),
         ("build/vrml/A.h", "\n", None),

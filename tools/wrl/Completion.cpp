@@ -1,5 +1,5 @@
-// Each shell gets its own idiom: bash a function that looks at the words so far, zsh the specifications of _arguments,
-// fish one line an option.
+// Each shell gets its own idiom: bash a function that looks at the words so far, zsh the option texts that _arguments
+// reads, fish one line an option.
 
 #include "tools/wrl/Completion.h"
 
@@ -86,7 +86,7 @@ void writeBashWords(std::ostream& out, const CommandUsage& command) {
   out << " ;;\n";
 }
 
-// zsh: the action behind the second colon of a specification.
+// zsh: what _arguments offers for the value, which stands behind the second colon of an option's text.
 std::string zshAction(const ArgumentUsage& argument) {
   switch (argument.kind) {
     case ValueKind::none:
@@ -103,7 +103,7 @@ std::string zshAction(const ArgumentUsage& argument) {
   return "";
 }
 
-// Brackets and colons mean something in a specification.
+// _arguments takes brackets and colons for the borders of its pieces, unless a backslash stands before them.
 std::string zshText(std::string_view text) {
   std::string result;
   for (const char letter : text) {

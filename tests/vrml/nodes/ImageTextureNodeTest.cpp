@@ -152,7 +152,7 @@ TEST(ImageTextureNode, HasNoPictureOfAnythingElse) {
   const PictureFolder folder;
   folder.write("picture.png", "\x89PNG\r\n\x1A\n and so on");
   folder.write("picture.gif", std::string("BM and so on"));
-  folder.write("unsigned.gif", "XXX" + gif(2, 7).substr(3));
+  folder.write("unsigned.gif", "PIC" + gif(2, 7).substr(3));
   folder.write("short.gif", "GIF");
   folder.write("cut.gif", gif(2, 7).substr(0, 25));
   folder.write("second.gif", gif(2, 7));
