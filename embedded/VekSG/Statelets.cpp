@@ -12,26 +12,7 @@
 #include <VekSG/sglTexture2D.h>
 #include <VekSG/sglTransparency.h>
 
-namespace {
-
-// The bytes of one texel, 0 for a format that is not known.
-unsigned bytesPerTexel(sglTexture::FormatEnum format) {
-  switch (format) {
-    case sglTexture::FORMAT_LUMINANCE:
-      return 1;
-    case sglTexture::FORMAT_LUMINANCE_ALPHA:
-      return 2;
-    case sglTexture::FORMAT_RGB:
-      return 3;
-    case sglTexture::FORMAT_RGBA:
-      return 4;
-    case sglTexture::FORMAT_UNKNOWN:
-      return 0;
-  }
-  return 0;
-}
-
-}  // namespace
+#include "embedded/VekSG/TexelBytes.h"
 
 sglReferenced::~sglReferenced() = default;
 
@@ -92,7 +73,7 @@ sglTexture2D::~sglTexture2D() = default;
 
 bool sglTexture2D::setImage(unsigned width, unsigned height, FormatEnum format, std::vector<std::uint8_t> bytes) {
   const std::uint64_t texels = std::uint64_t{width} * height;
-  const unsigned perTexel = bytesPerTexel(format);
+  const unsigned perTexel = embedded::texelBytes(format);
   if (perTexel == 0 || bytes.size() % perTexel != 0 || bytes.size() / perTexel != texels) return false;
   m_width = width;
   m_height = height;

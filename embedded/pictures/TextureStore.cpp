@@ -5,26 +5,11 @@
 #include <algorithm>
 #include <vector>
 
+#include "embedded/VekSG/TexelBytes.h"
 #include "embedded/pictures/OpenGL.h"
 
 namespace embedded {
 namespace {
-
-unsigned bytesOf(sglTexture::FormatEnum format) {
-  switch (format) {
-    case sglTexture::FORMAT_UNKNOWN:
-      return 0;
-    case sglTexture::FORMAT_LUMINANCE:
-      return 1;
-    case sglTexture::FORMAT_LUMINANCE_ALPHA:
-      return 2;
-    case sglTexture::FORMAT_RGB:
-      return 3;
-    case sglTexture::FORMAT_RGBA:
-      return 4;
-  }
-  return 0;
-}
 
 bool usesMipmaps(sglTexture::FilterEnum filter) {
   return filter != sglTexture::NEAREST && filter != sglTexture::LINEAR;
@@ -48,13 +33,13 @@ void setParameters(const sglTexture2D& texture) {
 
 // Every `step`th texel of every `step`th row.
 std::vector<std::uint8_t> thinnedOut(const sglTexture2D& texture, unsigned step, unsigned width, unsigned height) {
-  const std::size_t texelBytes = bytesOf(texture.getImageFormat());
-  std::vector<std::uint8_t> bytes(std::size_t{width} * height * texelBytes);
+  const std::size_t size = texelBytes(texture.getImageFormat());
+  std::vector<std::uint8_t> bytes(std::size_t{width} * height * size);
   std::uint8_t* to = bytes.data();
   for (std::size_t y = 0; y < height; ++y) {
-    for (std::size_t x = 0; x < width; ++x, to += texelBytes) {
+    for (std::size_t x = 0; x < width; ++x, to += size) {
       const std::size_t texel = y * step * texture.getWidth() + x * step;
-      std::copy_n(texture.getImage().data() + texel * texelBytes, texelBytes, to);
+      std::copy_n(texture.getImage().data() + texel * size, size, to);
     }
   }
   return bytes;
