@@ -10,8 +10,10 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <iostream>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 namespace wrl {
 
@@ -60,6 +62,13 @@ InputPath inputPath(const std::string& file) {
   const int error = makeStandardInputRegular();
   if (error == 0) return {kStandardInputPath, ""};
   return {"", "standard input: error: " + std::generic_category().message(error)};
+}
+
+std::optional<std::string> inputPathOrReport(const std::string& file) {
+  InputPath input = inputPath(file);
+  if (input.error.empty()) return std::move(input.path);
+  std::cerr << input.error << '\n';
+  return std::nullopt;
 }
 
 }  // namespace wrl

@@ -2,6 +2,7 @@
 
 // What stands for standard input on the command line, and how it is read like a file.
 
+#include <optional>
 #include <string>
 
 namespace wrl {
@@ -19,5 +20,8 @@ struct InputPath {
 /// input. Standard input can be opened there any number of times, from the same byte each time: unless it is a regular
 /// file at its beginning, what is left of it is first copied into a temporary file.
 [[nodiscard]] InputPath inputPath(const std::string& file);
+
+/// The same for a command that can do nothing without it: nothing, with the reason on standard error.
+[[nodiscard]] std::optional<std::string> inputPathOrReport(const std::string& file);
 
 }  // namespace wrl

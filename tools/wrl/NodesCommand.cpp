@@ -32,18 +32,15 @@ class NodesCommand : public Command {
   }
 
   ExitStatus run() override {
-    const InputPath input = inputPath(m_file);
-    if (!input.error.empty()) {
-      std::cerr << input.error << '\n';
-      return ExitStatus::failed;
-    }
+    const std::optional<std::string> path = inputPathOrReport(m_file);
+    if (!path) return ExitStatus::failed;
     vrml::SceneGraph scene;
     {
       const EchoToStandardError echo;
-      readFile(scene, input.path, !m_keepReferences);
+      readFile(scene, *path, !m_keepReferences);
     }
     if (isUnopened(scene)) return ExitStatus::failed;
-    if (!scene.succeeded()) std::cerr << errorLine(m_file, scene) << '\n' << foreignKindLine(m_file, input.path);
+    if (!scene.succeeded()) std::cerr << errorLine(m_file, scene) << '\n' << foreignKindLine(m_file, *path);
     Output output(m_output);
     scene.write(output.stream());
     const bool delivered = output.finishOrReport();

@@ -85,15 +85,12 @@ LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& pa
 }  // namespace
 
 std::optional<LoadedScene> loadScene(const std::string& file, const HostOptions& options) {
-  const InputPath input = inputPath(file);
-  if (!input.error.empty()) {
-    std::cerr << input.error << '\n';
-    return std::nullopt;
-  }
+  const std::optional<std::string> path = inputPathOrReport(file);
+  if (!path) return std::nullopt;
   embedded::ModuleLoader module;
   if (!openModule(module)) return std::nullopt;
-  LoadedScene loaded = loadWith(module, input.path, options);
-  if (loaded.failed) std::cerr << foreignKindLine(file, input.path);
+  LoadedScene loaded = loadWith(module, *path, options);
+  if (loaded.failed) std::cerr << foreignKindLine(file, *path);
   if (options.verbose) tellReading(file, loaded.seconds);
   return loaded;
 }

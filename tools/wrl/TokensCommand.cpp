@@ -1,7 +1,5 @@
 // wrl tokens: how the scanner sees a file.
 
-#include <iostream>
-
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Command.h"
 #include "tools/wrl/Echo.h"
@@ -30,15 +28,12 @@ class TokensCommand : public Command {
   }
 
   ExitStatus run() override {
-    const InputPath input = inputPath(m_file);
-    if (!input.error.empty()) {
-      std::cerr << input.error << '\n';
-      return ExitStatus::failed;
-    }
+    const std::optional<std::string> path = inputPathOrReport(m_file);
+    if (!path) return ExitStatus::failed;
     Output output(m_output);
     const EchoToStandardError echo;
     // An input that cannot be opened leaves no empty result behind.
-    if (!vrml::listTokens(input.path, m_wide, output.stream())) return ExitStatus::failed;
+    if (!vrml::listTokens(*path, m_wide, output.stream())) return ExitStatus::failed;
     return output.finishOrReport() ? ExitStatus::done : ExitStatus::failed;
   }
 
