@@ -1,11 +1,6 @@
 #include "tests/attacks/Attack.h"
 
-#include <stdlib.h>
-
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "embedded/LoaderSettings.h"
@@ -26,22 +21,15 @@ std::string Loaded::document() const {
 bool Loaded::isReported() const { return messages.find("Error loading") != std::string::npos; }
 
 Attack::Attack() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "wrl-attack-XXXXXX").string();
-  m_folder = mkdtemp(pattern.data());
   embedded::resetLoaderSettings();
   const bool isOpen = m_module.open(embedded::ModuleLoader::pathBesideHost());
   EXPECT_TRUE(isOpen && m_module.canWrite()) << m_module.errorText();
 }
 
-Attack::~Attack() {
-  embedded::resetLoaderSettings();
-  std::error_code ignored;
-  std::filesystem::remove_all(m_folder, ignored);
-}
+Attack::~Attack() { embedded::resetLoaderSettings(); }
 
 std::string Attack::write(const std::string& name, std::string_view content) const {
-  std::ofstream(path(name), std::ios::binary) << content;
-  return path(name);
+  return m_folder.write(name, content);
 }
 
 std::string Attack::writeWorld(const std::string& name, std::string_view text) const {
@@ -58,19 +46,19 @@ Loaded Attack::load(const std::string& file, long failing) const {
     } catch (const std::bad_alloc&) {
     }
   });
-  failAllocation(failing);
+  fixtures::failAllocation(failing);
   loaded.database = m_module.loadModel(file);
-  endFailing();
+  fixtures::endFailing();
   embedded::setMessageSink({});
   return loaded;
 }
 
 int Attack::exportTo(const std::string& file, CVekStager& stager, long failing) const {
-  failAllocation(failing);
+  fixtures::failAllocation(failing);
   errno = 0;
   m_module.writeModel(file, &stager);
   const int code = errno;
-  endFailing();
+  fixtures::endFailing();
   return code;
 }
 
@@ -114,11 +102,6 @@ std::unique_ptr<CVekStager> Attack::richStage() const {
   EXPECT_NE(stager, nullptr) << error.text;
   write("wood.jpg", "picture");
   return stager;
-}
-
-std::string contentOf(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 std::string repeated(std::string_view text, std::size_t count) {

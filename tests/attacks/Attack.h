@@ -1,7 +1,7 @@
 #pragma once
 
-// What the attacks share: a folder, the module as a host opens it, a world and a stage that have something of
-// everything, and the process's memory under control.
+// What the attacks share: a folder, the module as a host opens it, and a world and a stage that have something of
+// everything.
 
 #include <VekKernel/CVekStager.h>
 #include <VekSGdb/CVekDBRoot.h>
@@ -14,6 +14,8 @@
 #include <string_view>
 
 #include "embedded/ModuleLoader.h"
+#include "tests/FailingMemory.h"
+#include "tests/TempFolder.h"
 
 namespace attack {
 
@@ -41,7 +43,7 @@ class Attack : public testing::Test {
   Attack();
   ~Attack() override;
 
-  [[nodiscard]] std::string path(const std::string& name) const { return m_folder + "/" + name; }
+  [[nodiscard]] std::string path(const std::string& name) const { return m_folder.path(name); }
   std::string write(const std::string& name, std::string_view content) const;
   /// The same with the header line in front.
   std::string writeWorld(const std::string& name, std::string_view text) const;
@@ -59,21 +61,11 @@ class Attack : public testing::Test {
   [[nodiscard]] std::unique_ptr<CVekStager> richStage() const;
 
  private:
-  std::string m_folder;
+  fixtures::TempFolder m_folder;
   embedded::ModuleLoader m_module;
 };
 
-[[nodiscard]] std::string contentOf(const std::string& file);
 [[nodiscard]] std::string repeated(std::string_view text, std::size_t count);
-
-/// Makes the `number`th allocation from now on fail, and no other, until `endFailing`; 0 fails none. Counts `operator
-/// new` of the whole process, the module and the host library included.
-void failAllocation(long number);
-void endFailing();
-/// Whether the allocation that was last to fail has been reached.
-[[nodiscard]] bool hasAllocationFailed();
-/// Blocks of `operator new` that nobody has given back yet.
-[[nodiscard]] long liveBlocks();
 
 /// Runs a function on a thread with a stack of that many bytes, and waits for it.
 void runOnStack(std::size_t stackBytes, const std::function<void()>& function);

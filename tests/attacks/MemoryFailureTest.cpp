@@ -13,9 +13,9 @@
 
 namespace {
 
-using attack::hasAllocationFailed;
-using attack::liveBlocks;
 using attack::Loaded;
+using fixtures::hasAllocationFailed;
+using fixtures::liveBlocks;
 
 constexpr long kMostAllocations = 10'000;
 
@@ -89,7 +89,7 @@ TEST_F(MemoryFailure, ends_a_load_with_a_report_or_the_process_with_a_message) {
       break;
     }
     ASSERT_EQ(status, 2) << progress.number;
-    EXPECT_TRUE(isFatalMessage(attack::contentOf(path("stderr")))) << attack::contentOf(path("stderr"));
+    EXPECT_TRUE(isFatalMessage(fixtures::contentOf(path("stderr")))) << fixtures::contentOf(path("stderr"));
     ++ends;
     ++progress.number;
   }
@@ -103,7 +103,7 @@ TEST_F(MemoryFailure, ends_an_export_with_a_code_or_changes_nothing) {
   ASSERT_EQ(exportTo(path("whole.wrl"), *stager), 0);
   const std::string out = path("out.wrl");
   ASSERT_EQ(exportTo(out, *stager), 0);
-  const std::string whole = attack::contentOf(path("whole.wrl"));
+  const std::string whole = fixtures::contentOf(path("whole.wrl"));
   long number = 1;
   long failures = 0;
   for (; number <= kMostAllocations; ++number) {
@@ -111,7 +111,7 @@ TEST_F(MemoryFailure, ends_an_export_with_a_code_or_changes_nothing) {
     if (exportTo(out, *stager, number) != 0) {
       ++failures;
     } else {
-      EXPECT_EQ(attack::contentOf(out), whole) << number;
+      EXPECT_EQ(fixtures::contentOf(out), whole) << number;
     }
     EXPECT_LE(liveBlocks() - before, 0) << number;
     if (!hasAllocationFailed()) break;

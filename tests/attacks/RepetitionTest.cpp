@@ -10,7 +10,7 @@
 
 namespace {
 
-using attack::liveBlocks;
+using fixtures::liveBlocks;
 
 class Repetition : public attack::Attack {
  protected:
@@ -25,7 +25,7 @@ class Repetition : public attack::Attack {
     int status = -1;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    return attack::contentOf(result);
+    return fixtures::contentOf(result);
   }
 };
 
@@ -42,7 +42,7 @@ TEST_F(Repetition, gives_what_fresh_processes_give) {
     EXPECT_EQ(load(broken).document(), freshBroken) << round;
     EXPECT_EQ(load(path("nowhere.wrl")).hasScene(), false);
     EXPECT_EQ(exportTo(path("out.wrl"), *stager), 0);
-    const std::string text = attack::contentOf(path("out.wrl"));
+    const std::string text = fixtures::contentOf(path("out.wrl"));
     EXPECT_TRUE(round == 0 || text == exported) << round;
     exported = text;
     EXPECT_EQ(load(rich).document(), freshRich) << round;

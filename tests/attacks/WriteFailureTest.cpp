@@ -84,7 +84,7 @@ TEST_F(WriteFailure, at_any_byte_is_reported_and_leaves_the_beginning) {
   const auto stager = richStage();
   const std::string out = path("out.wrl");
   ASSERT_EQ(exportTo(out, *stager), 0);
-  const std::string whole = attack::contentOf(out);
+  const std::string whole = fixtures::contentOf(out);
   ASSERT_GT(whole.size(), 1000U);
   const auto step = static_cast<std::size_t>(attack::isLong() ? 1 : 7);
   for (std::size_t bytes = 0; bytes < whole.size(); bytes += step) {
@@ -94,7 +94,7 @@ TEST_F(WriteFailure, at_any_byte_is_reported_and_leaves_the_beginning) {
       code = exportTo(out, *stager);
     }
     EXPECT_EQ(code, EFBIG) << bytes;
-    EXPECT_EQ(attack::contentOf(out), whole.substr(0, bytes));
+    EXPECT_EQ(fixtures::contentOf(out), whole.substr(0, bytes));
   }
 }
 

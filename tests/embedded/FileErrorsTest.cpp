@@ -9,7 +9,7 @@
 
 #include <functional>
 
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 
 namespace {
 

@@ -17,8 +17,8 @@
 #include <sstream>
 
 #include "embedded/StageProperties.h"
+#include "tests/TempFolder.h"
 #include "tests/embedded/SceneFixtures.h"
-#include "tests/embedded/TempFolder.h"
 
 namespace {
 

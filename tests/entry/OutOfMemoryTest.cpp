@@ -7,45 +7,16 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <fstream>
 #include <memory>
-#include <new>
 #include <string>
 
 #include "embedded/AssemblyBuilder.h"
 #include "embedded/MessageSink.h"
 #include "entry/loadModelWRL.h"
 #include "entry/writeModelWRL.h"
-#include "tests/embedded/TempFolder.h"
-
-namespace {
-
-/// Counts down to the allocation that fails with all behind it; 0 fails none.
-long countdown = 0;
-
-void* allocate(std::size_t size) {
-  if (countdown > 0 && (countdown == 1 || --countdown == 0)) throw std::bad_alloc();
-  if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-// The whole process allocates here, the module and the host library included.
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  try {
-    return allocate(size);
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(block); }
+#include "tests/FailingMemory.h"
+#include "tests/TempFolder.h"
 
 namespace {
 
@@ -76,10 +47,10 @@ class OutOfMemory : public testing::Test {
   static void withEverMoreMemory(Call call, Look look) {
     bool failed = true;
     for (long number = 1; failed; ++number) {
-      countdown = number;
+      fixtures::failAllocation(number, fixtures::Failing::forGood);
       call();
-      failed = countdown == 1;
-      countdown = 0;
+      fixtures::endFailing();
+      failed = fixtures::hasAllocationFailed();
       look(failed);
       ASSERT_LT(number, 100000);
     }

@@ -15,7 +15,7 @@
 #include "embedded/LoaderSettings.h"
 #include "embedded/MessageSink.h"
 #include "embedded/ModuleLoader.h"
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 
 namespace {
 

@@ -12,22 +12,22 @@
 #include <vector>
 
 #include "embedded/LoaderSettings.h"
+#include "tests/TempFolder.h"
 #include "tests/export/CommaLocale.h"
 #include "tests/export/Scene.h"
-#include "tests/export/TempFolder.h"
 #include "tests/export/Written.h"
 
 namespace {
 
-using exporter_test::contentOf;
 using exporter_test::geoSet;
 using exporter_test::group;
 using exporter_test::kHead;
 using exporter_test::kIdentityPlacement;
 using exporter_test::kTriangleShape;
 using exporter_test::mesh;
-using exporter_test::TempFolder;
 using exporter_test::written;
+using fixtures::contentOf;
+using fixtures::TempFolder;
 
 static_assert(!std::is_polymorphic_v<CVekVRMLLoader>);
 static_assert(std::is_copy_constructible_v<CVekVRMLLoader> && std::is_copy_assignable_v<CVekVRMLLoader>);
@@ -226,7 +226,7 @@ TEST(CVekVRMLLoader, AFileThatCannotBeOpenedWritesNothing) {
 
 TEST(CVekVRMLLoader, AnExistingFileIsReplaced) {
   const TempFolder folder;
-  exporter_test::writeFile(folder.path("out.wrl"), std::string(100000, 'x'));
+  fixtures::writeFile(folder.path("out.wrl"), std::string(100000, 'x'));
   CVekAssyRoot root;
   CVekVRMLLoader().WriteSceneGraph(folder.path("out.wrl"), &root);
   EXPECT_EQ(contentOf(folder.path("out.wrl")), std::string(kHead) + "]}\n");
@@ -246,7 +246,7 @@ TEST(CVekVRMLLoader, CopiesAreIndependent) {
   stager.GetViewportManager()->SetViewportSelected(std::make_unique<CVekViewport>());
   const TempFolder folder;
   for (const char* name : {"a", "b"}) std::filesystem::create_directory(folder.path(name));
-  exporter_test::writeFile(folder.path("wood.jpg"), "picture");
+  fixtures::writeFile(folder.path("wood.jpg"), "picture");
 
   CVekVRMLLoader original;
   original.SetStager(&stager);

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string>
 
-#include "tests/export/TempFolder.h"
+#include "tests/TempFolder.h"
 
 namespace exporter_test {
 
@@ -40,7 +40,7 @@ class CommaLocale {
   [[nodiscard]] bool isSet() const { return m_isSet && std::strcmp(std::localeconv()->decimal_point, ",") == 0; }
 
  private:
-  TempFolder m_folder;
+  fixtures::TempFolder m_folder;
   bool m_isSet = false;
 };
 

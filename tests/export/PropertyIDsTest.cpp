@@ -10,8 +10,8 @@
 #include <string>
 
 #include "export/CVekVRMLLoader.h"
+#include "tests/TempFolder.h"
 #include "tests/export/Scene.h"
-#include "tests/export/TempFolder.h"
 #include "tests/export/Written.h"
 
 namespace {
@@ -32,7 +32,7 @@ CVekPropID CVekPropIDServer::GetID(const CString& name) {
 namespace {
 
 TEST(PropertyIDs, AreAskedOnce) {
-  const exporter_test::TempFolder folder;
+  const fixtures::TempFolder folder;
   CVekActorMesh actor;
   exporter_test::setMapPath(actor, "wood.jpg");
   const auto set = exporter_test::geoSet();

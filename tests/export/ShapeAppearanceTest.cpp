@@ -11,17 +11,17 @@
 #include <string>
 
 #include "export/CVekVRMLLoader.h"
+#include "tests/TempFolder.h"
 #include "tests/export/Scene.h"
-#include "tests/export/TempFolder.h"
 #include "tests/export/Written.h"
 
 namespace {
 
-using exporter_test::contentOf;
 using exporter_test::geoSet;
-using exporter_test::TempFolder;
-using exporter_test::writeFile;
 using exporter_test::written;
+using fixtures::contentOf;
+using fixtures::TempFolder;
+using fixtures::writeFile;
 
 sglRef<sglStatelet> material(float red, float alpha, float shininess) {
   constexpr auto kBoth = sglMaterial::FRONT_AND_BACK;

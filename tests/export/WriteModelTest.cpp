@@ -13,16 +13,16 @@
 
 #include "embedded/LoaderSettings.h"
 #include "embedded/StageDocument.h"
+#include "tests/TempFolder.h"
 #include "tests/export/CommaLocale.h"
 #include "tests/export/Scene.h"
-#include "tests/export/TempFolder.h"
 
 namespace {
 
-using exporter_test::contentOf;
 using exporter_test::geoSet;
 using exporter_test::mesh;
-using exporter_test::TempFolder;
+using fixtures::contentOf;
+using fixtures::TempFolder;
 
 /// A root that keeps the calls of its bracket and whether the file was there.
 class WatchedRoot : public CVekAssyRoot {
@@ -71,7 +71,7 @@ TEST_F(WriteModel, AnEmptyRootGivesFrameViewpointAndBackground) {
 }
 
 TEST_F(WriteModel, TexturesStandBesideTheFile) {
-  exporter_test::writeFile(folder.path("wood.jpg"), "picture");
+  fixtures::writeFile(folder.path("wood.jpg"), "picture");
   CVekActorMesh* const actor = mesh({geoSet().release()}).release();
   exporter_test::setMapPath(*actor, folder.path("wood.jpg"));
   root->AddChild(actor);
@@ -93,7 +93,7 @@ TEST_F(WriteModel, WritingTwiceGivesTheSameBytes) {
 
 /// A tree with a geometry of each kind, texture coordinates, a texture matrix and an image; and a view.
 void fill(CVekAssyRoot& root, CVekStager& stager, const TempFolder& folder) {
-  exporter_test::writeFile(folder.path("wood.jpg"), "picture");
+  fixtures::writeFile(folder.path("wood.jpg"), "picture");
   exporter_test::Lists lists{
       .normals = {0, 0, 1, 0, 0, 1, 0, 0, 1}, .texCoords = {0, 0, 1.5F, 0, 0, 1}, .lengths = {3}};
   CVekActorMesh* const actor =

@@ -7,22 +7,18 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
+
+#include "tests/TempFolder.h"
 
 namespace {
 
 class OpenWatch : public testing::Test {
  protected:
-  ~OpenWatch() override { std::filesystem::remove_all(m_folder); }
-
-  [[nodiscard]] std::string path(const std::string& name) const { return m_folder + "/" + name; }
+  [[nodiscard]] std::string path(const std::string& name) const { return m_folder.path(name); }
 
  private:
-  std::string m_folder = [] {
-    std::string pattern = testing::TempDir() + "wrl-open-XXXXXX";
-    return std::string(mkdtemp(pattern.data()));
-  }();
+  const fixtures::TempFolder m_folder;
 };
 
 // What was opened as "r NAME" and "w NAME", a "!" behind what is no regular file.

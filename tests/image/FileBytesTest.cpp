@@ -20,7 +20,7 @@ Bytes numbered(std::size_t count) {
 }
 
 TEST(readFileBytes, gives_a_whole_file_or_as_much_as_is_asked_for) {
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.path("file");
   for (const std::size_t size : std::vector<std::size_t>{0, 1, 2, 4095, 65536, 200000}) {
     const Bytes content = numbered(size);
@@ -34,7 +34,7 @@ TEST(readFileBytes, gives_a_whole_file_or_as_much_as_is_asked_for) {
 }
 
 TEST(readFileBytes, reads_a_pipe_to_its_end) {
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.path("pipe");
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   const Bytes content = numbered(300000);
@@ -46,7 +46,7 @@ TEST(readFileBytes, reads_a_pipe_to_its_end) {
 TEST(readFileBytes, ends_in_a_file_that_has_no_end) { EXPECT_EQ(readFileBytes("/dev/zero", 100000), Bytes(100000)); }
 
 TEST(readFileBytes, finds_nothing_where_there_is_no_file) {
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   EXPECT_TRUE(readFileBytes(folder.path("")).empty());
   EXPECT_TRUE(readFileBytes(folder.path("missing")).empty());
   EXPECT_TRUE(readFileBytes("").empty());

@@ -141,7 +141,7 @@ TEST(FileGIF89a, is_empty_when_its_first_image_is_not_whole) {
       {"a cut screen", {'G', 'I', 'F', '8', '9', 'a', 2, 0, 2, 0, 0, 0}, 0},
       {"a cut global table", {'G', 'I', 'F', '8', '9', 'a', 2, 0, 2, 0, 0x80, 0, 0, 1, 2, 3, 4, 5}, 0},
   });
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   EXPECT_FALSE(FileGIF89a(folder.path("missing.gif")).isOk());
   EXPECT_FALSE(FileGIF89a(folder.path("")).isOk());
 }

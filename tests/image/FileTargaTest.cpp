@@ -75,7 +75,7 @@ TEST(FileTarga, is_empty_after_a_file_that_it_does_not_read) {
     SCOPED_TRACE(row.name);
     expectEmpty(FileTarga(imagetest::ExactBuffer(row.file).span()));
   }
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   expectEmpty(FileTarga(folder.path("missing.tga")));
   expectEmpty(FileTarga(folder.path("")));
 }
@@ -102,7 +102,7 @@ TEST(FileTarga, saves_what_it_was_given) {
   EXPECT_TRUE(image.isOk());
   EXPECT_EQ(image.getHeader().pixelDepth, 24);
   EXPECT_EQ(image.getHeader().imageType, 2);
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   ASSERT_TRUE(image.save(folder.path("a.tga")));
   EXPECT_EQ(imagetest::contentOf(folder.path("a.tga")),
             (Bytes{0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 0, 2, 0, 24, 0} + given));
@@ -112,7 +112,7 @@ TEST(FileTarga, saves_what_it_has_read_so_that_it_reads_back) {
   const Bytes pixels = {1, 2, 3, 4, 5, 6};
   const FileTarga first(header(2, 1, 24, 200) + Bytes(200, 9) + pixels);
   ASSERT_TRUE(first.isOk());
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   ASSERT_TRUE(first.save(folder.path("a.tga")));
   EXPECT_EQ(imagetest::contentOf(folder.path("a.tga")), header(2, 1) + pixels);
   const FileTarga second(folder.path("a.tga"));
@@ -120,7 +120,7 @@ TEST(FileTarga, saves_what_it_has_read_so_that_it_reads_back) {
 }
 
 TEST(FileTarga, says_when_it_could_not_save) {
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   const FileTarga empty(Bytes{});
   EXPECT_FALSE(empty.save(folder.path("empty.tga")));
   EXPECT_FALSE(std::filesystem::exists(folder.path("empty.tga")));

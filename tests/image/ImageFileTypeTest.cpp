@@ -32,7 +32,7 @@ TEST(getImageFileType, goes_by_the_first_four_bytes) {
       {"three bytes", "GIF", 0},
       {"no bytes", "", 0},
   };
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.path("image");
   for (const auto& row : rows) {
     imagetest::writeFile(path, imagetest::Bytes(row.content.begin(), row.content.end()));
@@ -41,7 +41,7 @@ TEST(getImageFileType, goes_by_the_first_four_bytes) {
 }
 
 TEST(getImageFileType, knows_nothing_of_what_cannot_be_read) {
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   EXPECT_EQ(getImageFileType(folder.path("missing")), 0);
   EXPECT_EQ(getImageFileType(folder.path("")), 0);
 }

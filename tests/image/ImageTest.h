@@ -3,13 +3,11 @@
 // Making image files byte by byte, and reading them from buffers of exactly their size.
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <iterator>
@@ -21,6 +19,7 @@
 
 #include "image/FileGIF89a.h"
 #include "image/FileTarga.h"
+#include "tests/TempFolder.h"
 
 namespace imagetest {
 
@@ -64,26 +63,6 @@ void forEveryCutOff(std::span<const std::uint8_t> bytes, Read read) {
     read(cut.span());
   }
 }
-
-/// A folder of its own, gone with this object.
-class TempFolder {
- public:
-  TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "wrl_image_XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    m_path = name;
-  }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  ~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-  }
-  [[nodiscard]] std::string path(const std::string& name) const { return m_path + "/" + name; }
-
- private:
-  std::string m_path;
-};
 
 inline void writeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
   std::ofstream(path, std::ios::binary)

@@ -1,30 +1,8 @@
 // Reading while one allocation fails, each in turn. Nothing may crash or leak, and nothing may be thrown.
 
-#include <cstdlib>
-#include <new>
-
+#include "tests/FailingMemory.h"
+#include "tests/TempFolder.h"
 #include "tests/image/ImageTest.h"
-
-namespace {
-
-/// Counts down to the allocation that fails; 0 fails none.
-long countdown = 0;
-
-void* allocate(std::size_t size) {
-  if (countdown > 0 && --countdown == 0) throw std::bad_alloc();
-  if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-// The whole process allocates here.
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(block); }
 
 namespace {
 
@@ -35,10 +13,10 @@ using imagetest::operator+;
 template <typename Reader>
 long failEachAllocation(const std::string& path, const Bytes& expected) {
   for (long number = 1;; ++number) {
-    countdown = number;
+    fixtures::failAllocation(number);
     const Reader reader(path);
-    const bool failed = countdown == 0;
-    countdown = 0;
+    fixtures::endFailing();
+    const bool failed = fixtures::hasAllocationFailed();
     const Bytes pixels = imagetest::pixelsOf(reader);
     if (!failed) {
       EXPECT_EQ(pixels, expected);
@@ -49,7 +27,7 @@ long failEachAllocation(const std::string& path, const Bytes& expected) {
 }
 
 TEST(OutOfMemory, leaves_an_empty_reader_or_the_first_frame) {
-  const imagetest::TempFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.path("image-with-a-name-that-no-string-keeps-in-itself");
   const Bytes one = imagetest::gifImage(2, 2, {0, 1, 2, 3}, 0x40);
   const Bytes local = imagetest::gifDescriptor(1, 1, 0x81) + imagetest::fourColors() + Bytes{2} +

@@ -15,6 +15,7 @@
 #include <string>
 
 #include "import/sglLoadFile_wrl.h"
+#include "tests/TempFolder.h"
 
 namespace {
 
@@ -121,17 +122,14 @@ namespace {
 class HostCalls : public testing::Test {
  protected:
   HostCalls() {
-    std::string folder = (std::filesystem::temp_directory_path() / "wrl-host-calls-XXXXXX").string();
-    m_folder = mkdtemp(folder.data());
-    std::filesystem::current_path(m_folder);
+    std::filesystem::current_path(m_folder.path());
     isMerged = false;
     fileFound.clear();
     throwing = 0;
   }
   ~HostCalls() override {
     std::error_code ignored;
-    std::filesystem::current_path(m_folder.parent_path(), ignored);
-    std::filesystem::remove_all(m_folder, ignored);
+    std::filesystem::current_path(std::filesystem::temp_directory_path(), ignored);
   }
 
   static void write(const std::string& name, const std::string& world) {
@@ -153,7 +151,7 @@ class HostCalls : public testing::Test {
   }
 
  private:
-  std::filesystem::path m_folder;
+  fixtures::TempFolder m_folder;
 };
 
 constexpr const char* kConstruction = "GetIORefinement\ngetCallback wrl\ngetOptionString wrl\n";

@@ -19,7 +19,6 @@
 #include <unistd.h>
 
 #include <charconv>
-#include <fstream>
 
 #include "embedded/LoaderSettings.h"
 #include "vrml/reader/SceneGraph.h"
@@ -188,8 +187,6 @@ const sglIndexedTriangleSet& Loaded::triangles(unsigned index) const {
 }
 
 ImportTest::ImportTest() {
-  std::string folder = (std::filesystem::temp_directory_path() / "wrl-import-XXXXXX").string();
-  m_folder = mkdtemp(folder.data());
   embedded::resetLoaderSettings();
   OpenLoader::s_tex_map.clear();
 }
@@ -197,15 +194,10 @@ ImportTest::ImportTest() {
 ImportTest::~ImportTest() {
   OpenLoader::s_tex_map.clear();
   embedded::resetLoaderSettings();
-  std::error_code ignored;
-  std::filesystem::remove_all(m_folder, ignored);
 }
 
 std::string ImportTest::write(const std::string& name, std::string_view text) const {
-  const std::filesystem::path path = m_folder / name;
-  std::filesystem::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary) << text;
-  return path.string();
+  return m_folder.write(name, text);
 }
 
 std::string ImportTest::writeWorld(std::string_view text, const std::string& name) const {

@@ -9,7 +9,6 @@
 #include <VekSGdb/CVekDBRoot.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -18,6 +17,7 @@
 
 #include "embedded/MessageSink.h"
 #include "import/sglLoadFile_wrl.h"
+#include "tests/TempFolder.h"
 
 namespace importtest {
 
@@ -105,10 +105,10 @@ class ImportTest : public testing::Test {
   using OnLoader = std::function<void(OpenLoader&)>;
   Loaded load(std::string_view text, const OnLoader& prepare = {}, const OnLoader& inspect = {});
 
-  [[nodiscard]] std::string pathOf(const std::string& name) const { return (m_folder / name).string(); }
+  [[nodiscard]] std::string pathOf(const std::string& name) const { return m_folder.path(name); }
 
  private:
-  std::filesystem::path m_folder;
+  fixtures::TempFolder m_folder;
 };
 
 /// A triangle for shapes whose geometry does not matter, and its coordinates alone.

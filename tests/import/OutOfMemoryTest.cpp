@@ -1,42 +1,16 @@
 // Loads during which memory runs out, at each allocation in turn: for that one alone, and for good. Nothing may crash
 // or leak.
 
-#include <cstdlib>
 #include <new>
 
 #include "embedded/LoaderSettings.h"
 #include "embedded/MessageSink.h"
+#include "tests/FailingMemory.h"
 #include "tests/import/ImportTest.h"
 
 namespace {
 
-/// Counts down to the allocation that fails; 0 fails none.
-long countdown = 0;
-
-/// Whether all allocations behind that one fail too.
-bool isForGood = false;
-
-void* allocate(std::size_t size) {
-  if (countdown > 0 && (countdown == 1 || --countdown == 0)) {
-    if (!isForGood) countdown = 0;
-    throw std::bad_alloc();
-  }
-  if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-// The whole process allocates here, the host library included.
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t /*size*/) noexcept { std::free(block); }
-
-namespace {
-
+using fixtures::Failing;
 using importtest::faceSet;
 using importtest::OpenLoader;
 using importtest::shape;
@@ -60,18 +34,17 @@ class OutOfMemory : public importtest::ImportTest {
     bool hasFailed = false;
   };
 
-  [[nodiscard]] Outcome loadFailingAt(long number, bool forGood) const {
+  [[nodiscard]] Outcome loadFailingAt(long number, Failing failing) const {
     Outcome outcome;
     embedded::setMessageSink([](unsigned, std::string_view) {});
-    isForGood = forGood;
-    countdown = number;
+    fixtures::failAllocation(number, failing);
     try {
       OpenLoader loader;
       outcome.database.reset(loader.loadFile(m_path, 0));
     } catch (const std::bad_alloc&) {
     }
-    outcome.hasFailed = countdown <= 1;
-    countdown = 0;
+    fixtures::endFailing();
+    outcome.hasFailed = fixtures::hasAllocationFailed();
     embedded::setMessageSink({});
     return outcome;
   }
@@ -86,7 +59,7 @@ TEST_F(OutOfMemory, ends_a_load_like_a_file_that_cannot_be_parsed) {
   std::size_t scenes = 0;
   std::size_t withoutDatabase = 0;
   for (long number = 1; failed; ++number) {
-    const Outcome outcome = loadFailingAt(number, false);
+    const Outcome outcome = loadFailingAt(number, Failing::once);
     failed = outcome.hasFailed;
     if (failed && !outcome.database) ++withoutDatabase;
     if (failed && outcome.database && outcome.database->GetSglRoot() != nullptr) ++scenes;
@@ -102,7 +75,7 @@ TEST_F(OutOfMemory, ends_a_load_like_a_file_that_cannot_be_parsed) {
 TEST_F(OutOfMemory, for_good_gives_a_scene_or_none) {
   bool failed = true;
   for (long number = 1; failed; ++number) {
-    const Outcome outcome = loadFailingAt(number, true);
+    const Outcome outcome = loadFailingAt(number, Failing::forGood);
     failed = outcome.hasFailed;
     ASSERT_LT(number, kMostAllocations);
   }
@@ -113,16 +86,16 @@ TEST_F(OutOfMemory, leaves_nothing_of_what_is_vetoed_or_merged) {
     return event != "onCreate:sglTransform" || node->getName() == "b";
   };
   embedded::loaderSettings().mergeInOneActor = true;
-  for (const bool forGood : {false, true}) {
+  for (const Failing failing : {Failing::once, Failing::forGood}) {
     bool failed = true;
     std::size_t withoutDatabase = 0;
     for (long number = 1; failed; ++number) {
-      const Outcome outcome = loadFailingAt(number, forGood);
+      const Outcome outcome = loadFailingAt(number, failing);
       failed = outcome.hasFailed;
       if (!outcome.database) ++withoutDatabase;
       ASSERT_LT(number, kMostAllocations);
     }
-    if (!forGood) {
+    if (failing == Failing::once) {
       EXPECT_LE(withoutDatabase, 2U);
     }
   }

@@ -9,7 +9,7 @@
 #include <VekFoundations/CVekShared.h>
 #include <gtest/gtest.h>
 
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 
 namespace {
 

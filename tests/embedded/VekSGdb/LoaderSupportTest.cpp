@@ -10,7 +10,7 @@
 #include <fstream>
 
 #include "embedded/LoaderSettings.h"
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 
 namespace {
 

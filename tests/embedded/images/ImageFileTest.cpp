@@ -10,7 +10,7 @@
 #include <cstdlib>
 
 #include "embedded/images/ImageCodecs.h"
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 
 namespace {
 

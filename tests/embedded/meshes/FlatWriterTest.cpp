@@ -8,7 +8,7 @@
 #include "embedded/images/ImageFile.h"
 #include "embedded/meshes/MeshReader.h"
 #include "embedded/meshes/Surface.h"
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 #include "tests/embedded/meshes/MeshFixtures.h"
 
 namespace {

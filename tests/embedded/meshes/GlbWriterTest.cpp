@@ -14,7 +14,7 @@
 
 #include "embedded/images/ImageFile.h"
 #include "embedded/meshes/GltfValues.h"
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 #include "tests/embedded/meshes/MeshFixtures.h"
 
 namespace {

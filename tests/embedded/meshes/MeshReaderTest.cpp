@@ -14,7 +14,7 @@
 #include "embedded/meshes/FlatWriter.h"
 #include "embedded/meshes/GlbWriter.h"
 #include "embedded/meshes/Surface.h"
-#include "tests/embedded/TempFolder.h"
+#include "tests/TempFolder.h"
 #include "tests/embedded/meshes/MeshFixtures.h"
 
 namespace {

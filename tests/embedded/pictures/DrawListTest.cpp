@@ -15,8 +15,8 @@
 #include "embedded/Matrix.h"
 #include "embedded/StageProperties.h"
 #include "embedded/images/ImageFile.h"
+#include "tests/TempFolder.h"
 #include "tests/embedded/SceneFixtures.h"
-#include "tests/embedded/TempFolder.h"
 
 namespace embedded {
 namespace {

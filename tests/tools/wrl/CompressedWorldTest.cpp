@@ -25,7 +25,7 @@ std::string withoutFolder(std::string text, const std::string& folder) {
 }
 
 TEST(CompressedWorld, gives_every_command_what_the_plain_one_gives) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   for (const char* name : {"plain", "packed"}) std::filesystem::create_directories(folder.path(name) + "/parts");
   const std::string world =
       kHeader + "DEF a Group { }\nInline { url \"parts/part.wrl\" }\nInline { url \"parts\\\\gone.wrl\" }\n" +
@@ -52,7 +52,7 @@ TEST(CompressedWorld, gives_every_command_what_the_plain_one_gives) {
 }
 
 TEST(CompressedWorld, is_converted_under_its_usual_names) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.wrl", kPart);
   ASSERT_EQ(runToolWith({"convert", folder.path("a.wrl"), folder.path("plain.wrl")}).status, ExitStatus::done);
   for (const char* name : {"a.wrz", "a.WRZ", "a.gz"}) {
@@ -64,7 +64,7 @@ TEST(CompressedWorld, is_converted_under_its_usual_names) {
 }
 
 TEST(CompressedWorld, is_read_from_standard_input_and_in_a_folder_where_nothing_can_be_written) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   EXPECT_EQ(runToolWith({"check", "-"}, pack(kPart)).out, "-: ok\n");
   EXPECT_TRUE(holds(runToolWith({"scene", "-"}, pack(kPart)).out, "sglCube"));
   std::filesystem::create_directory(folder.path("locked"));
@@ -76,7 +76,7 @@ TEST(CompressedWorld, is_read_from_standard_input_and_in_a_folder_where_nothing_
 }
 
 TEST(CompressedWorld, has_its_errors_reported_under_its_own_name_and_line) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("w.wrl", pack(kHeader + "Group {\n  Foo { }\n}\n"));
   const ToolResult check = runToolWith({"check", file});
   EXPECT_EQ(check.status, ExitStatus::failed);
@@ -87,7 +87,7 @@ TEST(CompressedWorld, has_its_errors_reported_under_its_own_name_and_line) {
 }
 
 TEST(CompressedWorld, is_refused_when_it_is_damaged_or_unpacks_to_too_much) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string packed = pack(kPart);
   const struct {
     const char* name;
@@ -117,7 +117,7 @@ TEST(CompressedWorld, is_refused_when_it_is_damaged_or_unpacks_to_too_much) {
 }
 
 TEST(CompressedWorld, attaches_nothing_when_it_is_inlined_and_damaged) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("part.wrl", pack(kPart).substr(0, 30));
   const std::string file = folder.write("w.wrl", kHeader + "Inline { url \"part.wrl\" }\nGroup { }\n");
   const ToolResult check = runToolWith({"check", file});

@@ -31,7 +31,7 @@ std::vector<double> boxOf(const std::string& file) {
 }
 
 TEST(ConvertCommand, goes_from_each_format_to_each) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", kWorld);
   for (const char* step : {"a.wrl b.json", "b.json c.json", "b.json d.wrl", "a.wrl e.WRL"}) {
     SCOPED_TRACE(step);
@@ -51,13 +51,13 @@ TEST(ConvertCommand, goes_from_each_format_to_each) {
 }
 
 TEST(ConvertCommand, reads_a_world_on_standard_input) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   EXPECT_EQ(runToolWith({"convert", "-", folder.path("a.json")}, kWorld).status, ExitStatus::done);
   EXPECT_TRUE(holds(folder.read("a.json"), "\"part\""));
 }
 
 TEST(ConvertCommand, names_the_formats_it_knows) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", kWorld);
   struct Row {
     std::vector<std::string> arguments;
@@ -80,7 +80,7 @@ TEST(ConvertCommand, names_the_formats_it_knows) {
 }
 
 TEST(ConvertCommand, says_when_numbers_make_a_world_unreadable) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string triangle = R"({"type": "sglIndexedTriangleSet", "numPrims": 1, "coords": [0,0,0, 1,0,0, 0,1,Z],
     "normals": [N,0,1], "coordIndex": [0,1,2], "normalIndex": [0,0,0], "states": []})";
   const std::string document = R"({"assembly": {"type": "root", "children": [{"type": "group",
@@ -155,7 +155,7 @@ TEST(ConvertCommand, says_so_of_materials_and_cameras_and_of_nothing_that_is_lef
       {origin, "null", origin, nowhere, false},
       {origin, "null", endless, endless, true},
   };
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.path("a.wrl");
   for (const Row& row : rows) {
     const std::string text = R"({"assembly":{"type":"root","matrix":)" + row.root + R"(,"children":[)" + row.child +
@@ -169,7 +169,7 @@ TEST(ConvertCommand, says_so_of_materials_and_cameras_and_of_nothing_that_is_lef
 }
 
 TEST(ConvertCommand, writes_nothing_for_what_does_not_load) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string bad = folder.write("a.wrl", "#VRML V2.0 utf8\nFog { x }\n");
   for (const char* out : {"b.wrl", "b.json"}) {
     const ToolResult result = runToolWith({"convert", bad, folder.write(out, "old")});
@@ -187,7 +187,7 @@ TEST(ConvertCommand, takes_the_settings_of_the_host) {
        {"--refinement", "--merge", "--search", "--textures", "--no-stats", "--veto", "--trace", "--up"}) {
     EXPECT_TRUE(holds(help, option)) << option;
   }
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", kWorld);
   const ToolResult result = runToolWith({"convert", "--veto", "onParse:Shape", world, folder.path("b.json")});
   EXPECT_EQ(result.status, ExitStatus::done);
@@ -196,7 +196,7 @@ TEST(ConvertCommand, takes_the_settings_of_the_host) {
 }
 
 TEST(ConvertCommand, turns_a_world_whose_z_axis_is_up) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", kWorld);
   for (const char* axis : {"y", "z"}) {
     ASSERT_EQ(runToolWith({"convert", "--up", axis, world, folder.path("b.wrl")}).status, ExitStatus::done);
@@ -210,7 +210,7 @@ TEST(ConvertCommand, turns_a_world_whose_z_axis_is_up) {
 
 // Two shapes of one group with an image each, and one without.
 TEST(ConvertCommand, keeps_the_textures_unless_told_not_to) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const auto gif = [](char grey) {
     return std::string("GIF89a\1\0\1\0\x80\0\0", 13) + std::string(3, grey) + std::string(3, '\0') +
            std::string(",\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 16);

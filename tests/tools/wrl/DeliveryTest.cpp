@@ -9,7 +9,7 @@
 
 #include <map>
 
-#include "tests/tools/wrl/ScratchFolder.h"
+#include "tests/TempFolder.h"
 
 namespace wrl {
 namespace {
@@ -22,7 +22,7 @@ void put(const std::string& path, const std::string& text) {
 }
 
 // Every file below a folder with its text, folders with a slash behind them.
-std::map<std::string, std::string> contentOf(const ScratchFolder& folder) {
+std::map<std::string, std::string> contentOf(const fixtures::TempFolder& folder) {
   std::map<std::string, std::string> content;
   const std::string root = folder.path("");
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
@@ -39,7 +39,7 @@ std::map<std::string, std::string> contentOf(const ScratchFolder& folder) {
 using Content = std::map<std::string, std::string>;
 
 TEST(Delivery, brings_a_file_and_what_belongs_to_it) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.wrl", "old");
   ASSERT_EQ(::chmod(folder.path("a.wrl").c_str(), 0640), 0);
   put(folder.path("Textures/kept.jpg"), "kept");
@@ -66,7 +66,7 @@ TEST(Delivery, brings_a_file_and_what_belongs_to_it) {
 }
 
 TEST(Delivery, leaves_everything_as_it_was_when_it_is_not_finished) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.wrl", "old");
   {
     const Delivery delivery(folder.path("a.wrl"));
@@ -76,7 +76,7 @@ TEST(Delivery, leaves_everything_as_it_was_when_it_is_not_finished) {
 }
 
 TEST(Delivery, never_shows_half_a_file_of_a_process_that_ended) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.wrl", "old");
   const pid_t child = ::fork();
   if (child == 0) {
@@ -91,7 +91,7 @@ TEST(Delivery, never_shows_half_a_file_of_a_process_that_ended) {
 }
 
 TEST(Delivery, takes_everything_back_when_something_cannot_be_moved) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.wrl", "old");
   for (int i = 0; i < 5; ++i) {
     put(folder.path("Textures/" + std::to_string(i) + ".jpg"), "old");
@@ -109,7 +109,7 @@ TEST(Delivery, takes_everything_back_when_something_cannot_be_moved) {
 }
 
 TEST(Delivery, refuses_a_file_in_the_place_of_a_folder) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("Textures", "a file");
   {
     Delivery delivery(folder.path("a.wrl"));
@@ -121,7 +121,7 @@ TEST(Delivery, refuses_a_file_in_the_place_of_a_folder) {
 }
 
 TEST(Delivery, fails_when_nothing_was_written) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   for (const char* old : {"", "old"}) {
     if (*old != '\0') folder.write("a.wrl", old);
     const Content before = contentOf(folder);
@@ -131,7 +131,7 @@ TEST(Delivery, fails_when_nothing_was_written) {
 }
 
 TEST(Delivery, tells_why_there_is_no_place) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("file", "");
   struct Row {
     std::string path;
@@ -154,7 +154,7 @@ TEST(Delivery, tells_why_there_is_no_place) {
 }
 
 TEST(Delivery, takes_the_longest_name) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string name(255, 'a');
   for (const char* text : {"old", "new"}) {
     Delivery delivery(folder.path(name));
@@ -165,7 +165,7 @@ TEST(Delivery, takes_the_longest_name) {
 }
 
 TEST(Delivery, keeps_a_symbolic_link_and_puts_other_files_beside_it) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   put(folder.path("far/real.wrl"), "old");
   fs::create_directory(folder.path("near"));
   fs::create_symlink("../far/real.wrl", folder.path("near/a.wrl"));
@@ -182,7 +182,7 @@ TEST(Delivery, keeps_a_symbolic_link_and_puts_other_files_beside_it) {
 }
 
 TEST(Delivery, reaches_a_folder_on_another_file_system) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   std::string other = "/dev/shm/wrl-test-XXXXXX";
   struct stat here {};
   struct stat there {};

@@ -8,14 +8,14 @@
 
 #include <cstdio>
 
+#include "tests/TempFolder.h"
 #include "tests/tools/wrl/RunTool.h"
-#include "tests/tools/wrl/ScratchFolder.h"
 
 namespace wrl {
 namespace {
 
 TEST(StandardOutputAside, sends_text_on_as_it_was_written) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   {
     const Redirected out(STDOUT_FILENO, folder.path("out"));
     const Redirected err(STDERR_FILENO, folder.path("err"));
@@ -33,7 +33,7 @@ TEST(StandardOutputAside, sends_text_on_as_it_was_written) {
 }
 
 TEST(StandardOutputAside, nests) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   {
     const Redirected out(STDOUT_FILENO, folder.path("out"));
     const Redirected err(STDERR_FILENO, folder.path("err"));
@@ -50,7 +50,7 @@ TEST(StandardOutputAside, nests) {
 }
 
 TEST(StandardOutputAside, takes_megabytes) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string text(20'000'000, '+');
   {
     const Redirected err(STDERR_FILENO, folder.path("err"));

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "tests/TempFolder.h"
 #include "tests/embedded/Packing.h"
-#include "tests/tools/wrl/ScratchFolder.h"
 
 namespace wrl {
 namespace {
@@ -46,7 +46,7 @@ TEST(FileKind, is_told_by_the_first_bytes) {
       {"a packed world that never ends", fixtures::pack(std::string((std::size_t{32} << 20) + 1, ' ')),
        "compressed and unpacks to more than 200 times its size or 1024 MiB"},
   };
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const std::string path = folder.write("file", row.content);
@@ -57,7 +57,7 @@ TEST(FileKind, is_told_by_the_first_bytes) {
 }
 
 TEST(FileKind, is_not_asked_of_what_is_no_regular_file) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string pipe = folder.path("pipe");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);  // reading it would wait for ever
   for (const std::string& path : {pipe, folder.path("missing"), folder.path(""), std::string("/dev/zero")})

@@ -7,14 +7,14 @@
 #include <algorithm>
 #include <set>
 
-#include "tests/tools/wrl/ScratchFolder.h"
+#include "tests/TempFolder.h"
 #include "vrml/reader/SceneGraph.h"
 
 namespace wrl {
 namespace {
 
 std::vector<AuditNote> audit(const std::string& world, const AuditOptions& options = {}) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   vrml::SceneGraph scene;
   scene.load(folder.write("a.wrl", "#VRML V2.0 utf8\n" + world + "\n"), true);
   EXPECT_TRUE(scene.succeeded()) << scene.getErrorLineText();

@@ -58,7 +58,7 @@ TEST_F(StandardInput, that_is_a_pipe_can_be_read_twice) {
 }
 
 TEST_F(StandardInput, that_was_read_in_part_begins_where_it_stands) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const Redirected in(STDIN_FILENO, folder.write("in", "head\nrest"), O_RDONLY);
   std::array<char, 5> head{};
   ASSERT_EQ(::read(STDIN_FILENO, head.data(), head.size()), 5);
@@ -66,7 +66,7 @@ TEST_F(StandardInput, that_was_read_in_part_begins_where_it_stands) {
 }
 
 TEST_F(StandardInput, that_cannot_be_read_has_a_reason) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const Redirected in(STDIN_FILENO, folder.path(""), O_RDONLY);
   EXPECT_EQ(inputPath("-").error, "standard input: error: Is a directory");
 }

@@ -27,7 +27,7 @@ class Listing : public testing::Test {
 
   std::string path(const std::string& name) const { return m_folder.path("worlds/" + name); }
 
-  ScratchFolder m_folder;
+  fixtures::TempFolder m_folder;
 };
 
 TEST_F(Listing, a_folder_stands_for_the_worlds_below_it) {

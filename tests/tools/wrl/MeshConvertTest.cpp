@@ -92,7 +92,7 @@ void convert(const std::vector<std::string>& arguments) {
 }
 
 TEST(MeshConvert, models_become_worlds_that_load_again) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.mtl", kMtl);
   folder.write("a.obj", kObj);
   folder.write("b.ply", kPly);
@@ -127,7 +127,7 @@ TEST(MeshConvert, models_become_worlds_that_load_again) {
 }
 
 TEST(MeshConvert, a_glb_keeps_what_a_world_has) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   convert({folder.write("a.wrl", kWorld), folder.path("a.glb")});
   convert({folder.path("a.glb"), folder.path("b.glb")});
   const std::string stage = runToolWith({"stage", folder.path("b.glb")}).out;
@@ -138,7 +138,7 @@ TEST(MeshConvert, a_glb_keeps_what_a_world_has) {
 }
 
 TEST(MeshConvert, the_up_axis_may_be_said) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.obj", kObj);
   folder.write("a.mtl", kMtl);
   convert({"--up", "z", folder.path("a.obj"), folder.path("a.wrl")});
@@ -146,7 +146,7 @@ TEST(MeshConvert, the_up_axis_may_be_said) {
 }
 
 TEST(MeshConvert, an_obj_comes_with_its_materials) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   convert({folder.write("a.wrl", kWorld), folder.path("out.obj")});
   EXPECT_TRUE(holds(folder.read("out.obj"), "mtllib out.mtl"));
   EXPECT_TRUE(holds(folder.read("out.mtl"), "Kd 1 0.25 0"));
@@ -154,7 +154,7 @@ TEST(MeshConvert, an_obj_comes_with_its_materials) {
 
 // A world of one textured triangle, and a .glb that holds the texture. Each test names the image differently: the
 // module's cache of textures, which goes by name, lives as long as the process.
-void writeTexturedGlb(const ScratchFolder& folder, const std::string& image) {
+void writeTexturedGlb(const fixtures::TempFolder& folder, const std::string& image) {
   // A PNG of one red pixel.
   const std::string png(
       "\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\1\0\0\0\1\x08\2\0\0\0\x90wS\xde\0\0\0\x0cIDATx\x9c"
@@ -172,7 +172,7 @@ void writeTexturedGlb(const ScratchFolder& folder, const std::string& image) {
 }
 
 TEST(MeshConvert, textures_inside_a_model_reach_every_output) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   writeTexturedGlb(folder, "first.png");
   std::filesystem::create_directory(folder.path("w"));
   std::filesystem::create_directory(folder.path("o"));
@@ -191,7 +191,7 @@ TEST(MeshConvert, textures_inside_a_model_reach_every_output) {
 }
 
 TEST(MeshConvert, textures_inside_a_model_are_left_out_of_a_printed_document) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   writeTexturedGlb(folder, "second.png");
   const ToolResult result = runToolWith({"stage", folder.path("a.glb")});
   EXPECT_EQ(result.status, ExitStatus::done);
@@ -201,7 +201,7 @@ TEST(MeshConvert, textures_inside_a_model_are_left_out_of_a_printed_document) {
 }
 
 TEST(MeshConvert, failures_leave_the_output_alone) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("broken.glb", "glTF");
   folder.write("empty.wrl", "#VRML V2.0 utf8\n");
   for (const char* extension : {"glb", "obj", "stl", "ply", "wrl"}) {

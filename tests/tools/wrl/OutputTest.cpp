@@ -11,7 +11,7 @@
 #include <csignal>
 #include <thread>
 
-#include "tests/tools/wrl/ScratchFolder.h"
+#include "tests/TempFolder.h"
 
 namespace wrl {
 namespace {
@@ -23,7 +23,7 @@ unsigned modeOf(const std::string& path) {
 }
 
 TEST(Output, writes_a_new_file_with_ordinary_rights) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const mode_t mask = ::umask(022);
   Output output(folder.path("a.txt"));
   ::umask(mask);
@@ -37,7 +37,7 @@ TEST(Output, writes_a_new_file_with_ordinary_rights) {
 }
 
 TEST(Output, replaces_a_file_and_keeps_its_rights) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.write("a.txt", "old");
   ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
   Output output(path);
@@ -49,7 +49,7 @@ TEST(Output, replaces_a_file_and_keeps_its_rights) {
 }
 
 TEST(Output, leaves_the_old_file_when_it_is_not_finished) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.write("a.txt", "old");
   {
     Output output(path);
@@ -60,7 +60,7 @@ TEST(Output, leaves_the_old_file_when_it_is_not_finished) {
 }
 
 TEST(Output, keeps_a_symbolic_link_and_replaces_what_it_names) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.txt", "old");
   std::filesystem::create_symlink("a.txt", folder.path("link"));
   Output output(folder.path("link"));
@@ -71,7 +71,7 @@ TEST(Output, keeps_a_symbolic_link_and_replaces_what_it_names) {
 }
 
 TEST(Output, writes_far_more_than_its_buffer_in_order) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   std::string expected;
   Output output(folder.path("a.txt"));
   for (int i = 0; i < 3000; ++i) {
@@ -92,7 +92,7 @@ struct FailingTarget {
 };
 
 TEST(Output, tells_why_nothing_could_be_written) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   std::filesystem::create_directory(folder.path("folder"));
   folder.write("file", "");
   const FailingTarget targets[] = {
@@ -113,7 +113,7 @@ TEST(Output, tells_why_nothing_could_be_written) {
 }
 
 TEST(Output, writes_a_pipe_in_place) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string path = folder.path("pipe");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   std::string received;

@@ -36,7 +36,7 @@ Pixel pixelAt(const embedded::Raster& raster, double across, double downwards) {
 bool isReddish(const Pixel& pixel) { return pixel[0] > 80 && pixel[0] > 3 * pixel[1] && pixel[0] > 3 * pixel[2]; }
 
 TEST(RenderCommand, writes_a_png_file_of_the_size_and_background_that_were_asked_for) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kRedBox);
   const std::string out = folder.path("a.png");
   const ToolResult result =
@@ -52,7 +52,7 @@ TEST(RenderCommand, writes_a_png_file_of_the_size_and_background_that_were_asked
 }
 
 TEST(RenderCommand, writes_to_standard_output_what_it_writes_to_a_file) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kRedBox);
   const ToolResult printed = runToolWith({"render", "-", "-", "--size", "40x30", "--no-stats"}, kHeader + kRedBox);
   EXPECT_EQ(printed.status, ExitStatus::done) << printed.err;
@@ -70,7 +70,7 @@ const std::string kThreeBoxes = kHeader + kRedBox +
                                 "  geometry Box { } } }\n";
 
 TEST(RenderCommand, shows_a_world_from_its_own_front_right_and_top) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kThreeBoxes);
   const struct {
     const char* view;
@@ -105,7 +105,7 @@ TEST(RenderCommand, shows_a_world_from_its_own_front_right_and_top) {
 }
 
 TEST(RenderCommand, gives_the_background_for_a_scene_without_anything_to_see) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   for (const char* world : {"Group { }\n", ""}) {
     const std::string file = folder.write("a.wrl", kHeader + world);
     const ToolResult result =
@@ -117,7 +117,7 @@ TEST(RenderCommand, gives_the_background_for_a_scene_without_anything_to_see) {
 }
 
 TEST(RenderCommand, leaves_the_output_alone_when_there_is_no_picture) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string broken = folder.write("broken.wrl", kHeader + "Box { radius 1 }\n");
   const std::string good = folder.write("a.wrl", kHeader + kRedBox);
   const std::string out = folder.write("a.png", "old");
@@ -172,7 +172,7 @@ double redShare(const embedded::Raster& raster) {
 }
 
 TEST(RenderCommand, looks_through_the_views_of_a_stage_document) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.json", kStage);
   const struct {
     const char* view;
@@ -199,7 +199,7 @@ TEST(RenderCommand, looks_through_the_views_of_a_stage_document) {
 }
 
 TEST(RenderCommand, reads_the_images_of_textures_unless_told_not_to) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   embedded::Raster red;
   ASSERT_TRUE(embedded::makeRaster(2, 2, 3, red));
   for (std::size_t at = 0; at < red.bytes.size(); at += 3) red.bytes[at] = 255;
@@ -219,7 +219,7 @@ TEST(RenderCommand, reads_the_images_of_textures_unless_told_not_to) {
 }
 
 TEST(RenderCommand, draws_models_of_other_formats) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kThreeBoxes);
   for (const char* name : {"a.glb", "a.obj", "a.json"}) {
     SCOPED_TRACE(name);
@@ -234,7 +234,7 @@ TEST(RenderCommand, draws_models_of_other_formats) {
 }
 
 TEST(RenderCommand, stands_a_world_upright_along_the_axis_that_is_up_in_it) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kThreeBoxes);
   const std::string out = folder.path("a.png");
   // The blue box is above by the file's y axis, the green one by its z axis.
@@ -250,7 +250,7 @@ TEST(RenderCommand, stands_a_world_upright_along_the_axis_that_is_up_in_it) {
 }
 
 TEST(ConvertCommand, writes_a_picture) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.json", kStage);
   const ToolResult result = runToolWith({"convert", file, folder.path("a.png")});
   EXPECT_EQ(result.status, ExitStatus::done) << result.err;
@@ -267,7 +267,7 @@ TEST(ConvertCommand, writes_a_picture) {
 TEST(RenderCommandDeathTest, says_that_there_is_no_renderer) {
   // A process of its own, since a display that is open once stays.
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kRedBox);
   const std::string out = folder.path("a.png");
   const auto render = [&] {

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/tools/wrl/ScratchFolder.h"
+#include "tests/TempFolder.h"
 #include "tools/wrl/Tool.h"
 
 namespace wrl {
@@ -45,7 +45,7 @@ struct ToolResult {
 /// Runs `wrl` with these arguments. `standardOutput` names the file for descriptor 1 when it is not to be a fresh one.
 inline ToolResult runToolWith(std::vector<std::string> arguments, const std::string& input = "",
                               const std::string& standardOutput = "") {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   std::vector<const char*> words = {"wrl"};
   for (const std::string& argument : arguments) words.push_back(argument.c_str());
   ToolResult result{};

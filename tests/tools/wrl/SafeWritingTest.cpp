@@ -79,7 +79,7 @@ std::string manyTriangles() {
 }
 
 TEST(SafeWriting, leaves_no_half_file_on_a_full_disk) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", manyTriangles());
   ASSERT_EQ(runToolWith({"stage", world, "-o", folder.path("a.json")}).status, ExitStatus::done);
   const std::vector<std::string> commandLines[] = {
@@ -112,7 +112,7 @@ TEST(SafeWriting, leaves_no_half_file_on_a_full_disk) {
 }
 
 TEST(SafeWriting, writes_onto_the_file_that_it_reads) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", manyTriangles());
   const std::vector<std::string> words = {"convert", "--no-stats", world, world};
   {
@@ -126,7 +126,7 @@ TEST(SafeWriting, writes_onto_the_file_that_it_reads) {
 }
 
 TEST(SafeWriting, leaves_no_half_texture_on_a_full_disk) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   writeNoise(folder.path("noise.png"), 64);
   writeNoise(folder.path("copied.jpg"), 64);
   fs::create_directory(folder.path("out"));
@@ -154,7 +154,7 @@ TEST(SafeWriting, leaves_no_half_texture_on_a_full_disk) {
 }
 
 TEST(SafeWriting, converts_textures_again_but_keeps_copies) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   writeNoise(folder.path("noise.png"), 4);
   folder.write("copied.jpg", "first");
   const std::string stage = folder.write("a.json", stageWith({"noise.png", "copied.jpg"}));
@@ -178,7 +178,7 @@ TEST(SafeWriting, converts_textures_again_but_keeps_copies) {
 }
 
 TEST(SafeWriting, refuses_a_file_in_the_place_of_the_texture_folder) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   writeNoise(folder.path("noise.png"), 4);
   const std::string stage = folder.write("a.json", stageWith({"noise.png"}));
   fs::create_directory(folder.path("out"));
@@ -195,7 +195,7 @@ TEST(SafeWriting, refuses_a_file_in_the_place_of_the_texture_folder) {
 }
 
 TEST(SafeWriting, refuses_places_that_no_file_can_take) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string stage = folder.write("a.json", stageWith({"none.jpg"}));
   folder.write("file", "old");
   fs::create_directory(folder.path("folder.wrl"));
@@ -218,7 +218,7 @@ TEST(SafeWriting, refuses_places_that_no_file_can_take) {
 }
 
 TEST(SafeWriting, names_a_texture_that_is_missing_and_writes_the_rest) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("broken.png", "\x89PNG\r\n\x1A\nand no more");
   folder.write("text.png", "no image");
   folder.write("huge.png", hugePng());
@@ -259,7 +259,7 @@ TEST(SafeWriting, names_a_texture_that_is_missing_and_writes_the_rest) {
 }
 
 TEST(SafeWriting, finds_textures_from_another_folder) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   fs::create_directory(folder.path("in"));
   fs::create_directory(folder.path("out"));
   writeNoise(folder.path("in/noise.png"), 4);

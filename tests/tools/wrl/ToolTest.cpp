@@ -69,7 +69,7 @@ TEST(Tool, offers_the_host_settings_wherever_a_file_is_loaded) {
 }
 
 TEST(Tool, notices_a_full_disk_behind_standard_output) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kTriangle);
   const std::vector<std::string> commandLines[] = {
       {"--help"},      {"scene", "--version"}, {"tokens", file}, {"nodes", file},
@@ -84,7 +84,7 @@ TEST(Tool, notices_a_full_disk_behind_standard_output) {
 }
 
 TEST(Tool, writes_an_output_file_instead_and_leaves_it_alone_when_there_is_no_result) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kTriangle);
   for (const char* command : {"tokens", "nodes", "scene", "stage"}) {
     SCOPED_TRACE(command);
@@ -117,7 +117,7 @@ TEST(Tool, reads_standard_input) {
 }
 
 TEST(Tool, keeps_the_echo_of_the_reader_off_standard_output) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + "+;\r\n" + kTriangle);
   const std::string clean = folder.write("b.wrl", kHeader + "\n" + kTriangle);
   for (const char* command : {"tokens", "nodes"}) {
@@ -133,7 +133,7 @@ TEST(Tool, keeps_the_echo_of_the_reader_off_standard_output) {
 }
 
 TEST(NodesCommand, writes_what_was_built_before_a_syntax_error) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + "Group { }\nBox { radius 1 }\n");
   const ToolResult result = runToolWith({"nodes", file});
   EXPECT_EQ(result.status, ExitStatus::failed);
@@ -142,7 +142,7 @@ TEST(NodesCommand, writes_what_was_built_before_a_syntax_error) {
 }
 
 TEST(CheckCommand, goes_on_behind_a_file_that_is_missing_or_broken) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string good = folder.write("good.wrl", kHeader + "Fog { }\n");
   const std::string bad = folder.write("bad.wrl", kHeader + "Fog { x }\n");
   const std::string missing = folder.path("missing.wrl");
@@ -154,7 +154,7 @@ TEST(CheckCommand, goes_on_behind_a_file_that_is_missing_or_broken) {
 }
 
 TEST(CheckCommand, names_the_line_of_what_the_reader_passed_over) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + "\nHUD { }\n");
   const std::string out = runToolWith({"check", file}).out;
   EXPECT_TRUE(holds(out, file + ": note: ")) << out;
@@ -163,7 +163,7 @@ TEST(CheckCommand, names_the_line_of_what_the_reader_passed_over) {
 }
 
 TEST(CheckCommand, finds_files_by_the_search_of_the_host) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   std::filesystem::create_directory(folder.path("worlds"));
   folder.write("worlds/a.wrl", kHeader);
   EXPECT_EQ(runToolWith({"check", "lost/a.wrl"}).status, ExitStatus::failed);
@@ -173,7 +173,7 @@ TEST(CheckCommand, finds_files_by_the_search_of_the_host) {
 }
 
 TEST(SceneCommand, says_that_there_is_no_module) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader);
   const std::string module = folder.path("none.so");
   ::setenv("WRL_MODULE", module.c_str(), 1);
@@ -186,7 +186,7 @@ TEST(SceneCommand, says_that_there_is_no_module) {
 }
 
 TEST(SceneCommand, leaves_the_statistics_out_of_everything) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kTriangle + "Shape { geometry PointSet { } }\n");
   const ToolResult all = runToolWith({"scene", file});
   EXPECT_TRUE(holds(all.out, "Statistics"));
@@ -198,7 +198,7 @@ TEST(SceneCommand, leaves_the_statistics_out_of_everything) {
 }
 
 TEST(SceneCommand, prints_a_null_scene_for_a_failed_load) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const ToolResult result = runToolWith({"scene", folder.write("a.wrl", kHeader + "Fog { x }\n")});
   EXPECT_EQ(result.status, ExitStatus::failed);
   EXPECT_TRUE(holds(result.out, "\"scene\": null") || holds(result.out, "\"scene\":null")) << result.out;
@@ -206,7 +206,7 @@ TEST(SceneCommand, prints_a_null_scene_for_a_failed_load) {
 }
 
 TEST(SceneCommand, traces_and_vetoes_events) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + "Group { children [ " + kTriangle + " ] }\n");
   const ToolResult traced = runToolWith({"scene", "--no-stats", "--trace", file});
   EXPECT_EQ(traced.err, "onParse:Group\nonParse:Shape\nonCreate:sglGeode\nonCreate:sglGroup\n");
@@ -216,7 +216,7 @@ TEST(SceneCommand, traces_and_vetoes_events) {
 }
 
 TEST(SceneCommand, sets_the_host_up) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   std::filesystem::create_directory(folder.path("worlds"));
   folder.write("worlds/a.wrl", kHeader + "Shape { geometry Cone { } }\n");
   const ToolResult fine = runToolWith({"scene", "lost/a.wrl", "--search", folder.path("worlds"), "--refinement", "3"});
@@ -225,7 +225,7 @@ TEST(SceneCommand, sets_the_host_up) {
 }
 
 TEST(SceneCommand, offers_an_image_reader_when_told_to) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   // One red pixel.
   const char image[] =
       "GIF89a\x01\x00\x01\x00\x80\x00\x00\xFF\x00\x00\x00\x00\x00,\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02"
@@ -244,7 +244,7 @@ TEST(SceneCommand, offers_an_image_reader_when_told_to) {
 }
 
 TEST(SceneCommand, finds_the_images_of_an_inlined_file_beside_that_file) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const char image[] =
       "GIF89a\x01\x00\x01\x00\x80\x00\x00\xFF\x00\x00\x00\x00\x00,\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02"
       "D\x01\x00;";
@@ -260,7 +260,7 @@ TEST(SceneCommand, finds_the_images_of_an_inlined_file_beside_that_file) {
 }
 
 TEST(StageCommand, comes_back_the_same_from_its_own_document) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("model.wrl", kHeader + "DEF part Group { children [ " + kTriangle + " ] }\n");
   const ToolResult first = runToolWith({"stage", file, "-o", folder.path("a.json")});
   EXPECT_EQ(first.status, ExitStatus::done);
@@ -273,7 +273,7 @@ TEST(StageCommand, comes_back_the_same_from_its_own_document) {
 }
 
 TEST(StageCommand, prints_a_null_assembly_for_a_failed_load_and_nothing_for_a_bad_document) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const ToolResult world = runToolWith({"stage", folder.write("a.wrl", kHeader + "Fog { x }\n")});
   EXPECT_EQ(world.status, ExitStatus::failed);
   EXPECT_TRUE(holds(world.out, "\"assembly\":null") || holds(world.out, "\"assembly\": null")) << world.out;
@@ -286,7 +286,7 @@ TEST(StageCommand, prints_a_null_assembly_for_a_failed_load_and_nothing_for_a_ba
 }
 
 TEST(ExportCommand, writes_what_the_reader_accepts) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kHeader + kTriangle);
   ASSERT_EQ(runToolWith({"stage", file, "-o", folder.path("a.json")}).status, ExitStatus::done);
   const ToolResult result = runToolWith({"export", folder.path("a.json"), folder.path("b.wrl")});
@@ -300,7 +300,7 @@ TEST(ExportCommand, writes_what_the_reader_accepts) {
 }
 
 TEST(ExportCommand, tells_why_there_is_no_file) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string stage = folder.write("a.json", "{ \"assembly\": { \"type\": \"root\" } }");
   const std::string empty = folder.write("empty.json", "{ \"assembly\": null }");
   const std::string lost = folder.path("none/b.wrl");
@@ -323,7 +323,7 @@ TEST(ExportCommand, tells_why_there_is_no_file) {
 }
 
 TEST(InfoCommand, sums_up_a_file) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const std::string file =
       folder.write("a.wrl", kHeader + "Viewpoint { description \"Front\" }\nDEF Back Viewpoint { }\nViewpoint { }\n" +
                                 "Transform { translation 1 2 3 children [ " + kTriangle + " ] }\n");
@@ -345,7 +345,7 @@ TEST(InfoCommand, sums_up_a_file) {
 }
 
 TEST(InfoCommand, has_no_result_for_a_file_that_cannot_be_loaded) {
-  const ScratchFolder folder;
+  const fixtures::TempFolder folder;
   const ToolResult result = runToolWith({"info", folder.write("a.wrl", kHeader + "Fog { x }\n")});
   EXPECT_EQ(result.status, ExitStatus::failed);
   EXPECT_EQ(result.out, "");

@@ -3,17 +3,15 @@
 #include "vrml/nodes/ImageTextureNode.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "tests/TempFolder.h"
 #include "vrml/nodes/InlineNode.h"
 #include "vrml/nodes/NodeFactory.h"
 #include "vrml/nodes/RootNode.h"
@@ -43,30 +41,6 @@ std::string gif(char width, char grey) {
   file += static_cast<char>(data.size());
   return file + data + std::string(1, '\0') + ';';
 }
-
-/// A folder of its own with files in it, gone with this object.
-class PictureFolder {
- public:
-  PictureFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "wrl_nodes_XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    m_path = name;
-  }
-  PictureFolder(const PictureFolder&) = delete;
-  PictureFolder& operator=(const PictureFolder&) = delete;
-  ~PictureFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-  }
-  [[nodiscard]] std::string path(const std::string& name) const { return m_path + "/" + name; }
-  void write(const std::string& name, const std::string& content) const {
-    std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
-    std::ofstream(path(name), std::ios::binary) << content;
-  }
-
- private:
-  std::string m_path;
-};
 
 /// A texture with a url below the root of a file.
 struct TextureInFile {
@@ -123,7 +97,7 @@ TEST(ImageTextureNode, AnInstanceHasItsSourcesUrl) {
 }
 
 TEST(ImageTextureNode, HasThePictureOfTheGIFFileThatItsFirstUrlNames) {
-  const PictureFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.gif", gif(2, 7));
   folder.write("maps/no-extension", gif(3, 8));
   folder.write("b.gif", gif(5, 9));
@@ -149,7 +123,7 @@ TEST(ImageTextureNode, HasThePictureOfTheGIFFileThatItsFirstUrlNames) {
 }
 
 TEST(ImageTextureNode, HasNoPictureOfAnythingElse) {
-  const PictureFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("picture.png", "\x89PNG\r\n\x1A\n and so on");
   folder.write("picture.gif", std::string("BM and so on"));
   folder.write("unsigned.gif", "PIC" + gif(2, 7).substr(3));
@@ -173,7 +147,7 @@ TEST(ImageTextureNode, HasNoPictureOfAnythingElse) {
 }
 
 TEST(ImageTextureNode, ReadsItsFileOnceAndOnlyWhenAsked) {
-  const PictureFolder folder;
+  const fixtures::TempFolder folder;
   const TextureInFile file(folder.path("world.wrl"), "a.gif");
   ImageTextureNode& texture = *file.texture;
   texture.refresh();
@@ -188,7 +162,7 @@ TEST(ImageTextureNode, ReadsItsFileOnceAndOnlyWhenAsked) {
 }
 
 TEST(ImageTextureNode, ReadsAnewAfterARefreshAndForAnotherUrl) {
-  const PictureFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.gif", gif(2, 7));
   folder.write("b.gif", gif(3, 8));
   const TextureInFile file(folder.path("world.wrl"), "a.gif");
@@ -206,7 +180,7 @@ TEST(ImageTextureNode, ReadsAnewAfterARefreshAndForAnotherUrl) {
 }
 
 TEST(ImageTextureNode, AnInstanceHasItsSourcesPicture) {
-  const PictureFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.gif", gif(2, 7));
   const TextureInFile file(folder.path("world.wrl"), "a.gif");
   const std::unique_ptr<Node> instance(copyNode(file.texture));
@@ -217,7 +191,7 @@ TEST(ImageTextureNode, AnInstanceHasItsSourcesPicture) {
 }
 
 TEST(ImageTextureNode, BelowAnInlineNamesFilesBesideThatOne) {
-  const PictureFolder folder;
+  const fixtures::TempFolder folder;
   folder.write("a.gif", gif(2, 7));
   folder.write("parts/a.gif", gif(3, 8));
   RootNode root;
