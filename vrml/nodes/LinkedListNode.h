@@ -48,9 +48,8 @@ class LinkedListNode {
   [[nodiscard]] bool isLinked() const noexcept { return m_next != this; }
 
  protected:
-  /// The neighbours as they are linked, head or not.
+  /// The member behind this one as it is linked, head or not.
   [[nodiscard]] LinkedListNode* rawNext() const noexcept { return m_next; }
-  [[nodiscard]] LinkedListNode* rawPrevious() const noexcept { return m_previous; }
 
  private:
   friend class LinkedListHead<T>;
