@@ -10,6 +10,7 @@
 #include "tools/wrl/CheckReport.h"
 #include "tools/wrl/Command.h"
 #include "tools/wrl/Echo.h"
+#include "tools/wrl/FileCount.h"
 #include "tools/wrl/FileKind.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostOptions.h"
@@ -59,8 +60,11 @@ class CheckCommand : public Command {
     const InputFiles input = findInputFiles(m_files);
     Output output("");
     Tally tally;
+    FileCount count(input.files.size());
     for (const std::string& file : input.files) {
+      count.begin(file);
       const CheckReport report = checkFile(file);
+      count.wipe();
       write(output.stream(), report);
       // Whoever reads along sees each file's lines when they are known.
       output.stream().flush();

@@ -8,6 +8,7 @@
 #include "embedded/JsonWriter.h"
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/Command.h"
+#include "tools/wrl/FileCount.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostOptions.h"
 #include "tools/wrl/HostSetUp.h"
@@ -189,8 +190,11 @@ class InfoCommand : public Command {
     const InputFiles input = findInputFiles(m_files);
     Output output("");
     Tally tally;
+    FileCount count(input.files.size());
     for (const std::string& file : input.files) {
+      count.begin(file);
       const std::optional<FileReport> report = describeFile(file);
+      count.wipe();
       ++(report ? tally.ok : tally.failed);
       if (m_listing.json) writeJson(output.stream(), file, report ? &*report : nullptr);
       if (!m_listing.json && report) writeText(output.stream(), *report);

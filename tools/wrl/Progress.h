@@ -4,6 +4,8 @@
 // terminal.
 
 #include <chrono>
+#include <memory>
+#include <streambuf>
 #include <string>
 #include <string_view>
 
@@ -11,7 +13,12 @@ namespace wrl {
 
 class Progress {
  public:
-  Progress();
+  /// How long nobody needs to be told that something goes on.
+  static constexpr std::chrono::milliseconds kPatience{500};
+
+  /// Shows nothing before that time has passed. Until it is gone, what is written to `std::cerr` takes the line's
+  /// place. One may live inside the life of another.
+  explicit Progress(std::chrono::milliseconds patience = kPatience);
   /// Wipes the line.
   ~Progress();
   Progress(const Progress&) = delete;
@@ -23,19 +30,23 @@ class Progress {
   /// Shows a text, unless another was shown a moment ago.
   void show(std::string_view text);
 
-  /// Takes the text off the terminal, for something that stays.
-  void wipe();
+  /// Takes the line off the terminal, whoever showed it, for something that stays.
+  static void wipe();
 
   /// A reader's progress function: `count` and this object. Shows the count behind the reader's file name.
   static void showCount(int count, void* progress);
   /// The name that `showCount` puts before the count.
   void setFile(std::string file) { m_file = std::move(file); }
 
+  /// What stands before every text that is shown from now on.
+  static void setHeading(std::string heading);
+
  private:
   bool m_isShown;
-  bool m_isDrawn = false;
   std::string m_file;
-  std::chrono::steady_clock::time_point m_last;
+  std::chrono::steady_clock::time_point m_next;  // when a text may be shown again
+  std::unique_ptr<std::streambuf> m_wiping;      // in the place of std::cerr's buffer
+  std::streambuf* m_errors = nullptr;            // that buffer
 };
 
 }  // namespace wrl

@@ -44,12 +44,12 @@ class ProgressHook {
 // Shows the host's messages and keeps them, for as long as this lives.
 class MessageLog {
  public:
-  MessageLog(const HostOptions& options, Progress& progress) {
-    embedded::setMessageSink([this, &options, &progress](unsigned level, std::string_view text) {
+  explicit MessageLog(const HostOptions& options) {
+    embedded::setMessageSink([this, &options](unsigned level, std::string_view text) {
       const bool isStatistics = m_filter.isStatistics(text);
       if (isStatistics && !options.showStatistics) return;
       hasErrorReport = hasErrorReport || text.starts_with(kErrorReport);  // first: there may be no memory to keep it
-      progress.wipe();
+      Progress::wipe();
       if (hasErrorReport || !options.quiet) writeToStandardError(text);
       messages.push_back({level, std::string(text)});
     });
@@ -70,7 +70,7 @@ LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& pa
   Progress progress;
   const HostSetUp host(options);
   const ProgressHook hook(progress);
-  MessageLog log(options, progress);
+  MessageLog log(options);
   const StandardOutputAside aside;
   LoadedScene loaded;
   const Clock::time_point start = Clock::now();
