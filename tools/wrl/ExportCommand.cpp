@@ -14,7 +14,9 @@ class ExportCommand : public Command {
  public:
   void addOptions(CLI::App& app) override {
     addPath(app, "STAGE.json", m_stage, "The stage document to read; - is standard input")->required();
-    addPath(app, "OUT.wrl", m_output, "The file to write; textures go into the folder Textures beside it")->required();
+    addPath(app, "OUT.wrl", m_output,
+            "The file to write; textures go into the folder Textures beside it; - is standard output")
+        ->required();
   }
 
   [[nodiscard]] std::span<const CommandExample> examples() const override {

@@ -19,6 +19,7 @@
 #include "tools/wrl/Descriptors.h"
 #include "tools/wrl/Module.h"
 #include "tools/wrl/Output.h"
+#include "tools/wrl/TemporaryFolder.h"
 
 namespace wrl {
 
@@ -29,6 +30,7 @@ namespace fs = std::filesystem;
 using embedded::folderOf;
 
 constexpr const char* kTextures = "Textures";
+constexpr const char* kStandardOutput = "standard output";
 
 // The module copies a texture that is a JPEG file only where there is no file of that name yet. So the names of the
 // files that stand at the output's place must be there where the module writes: as empty files, which go again unless
@@ -78,6 +80,55 @@ void reportMissing(const embedded::FileErrorLog& log, const std::string& path) {
   }
 }
 
+// A file for standard output, in a folder of its own until it is whole.
+class StandardOutputFile {
+ public:
+  explicit StandardOutputFile(std::string_view extension)
+      : m_path(m_folder.path() + "/output." + std::string(extension)) {}
+
+  [[nodiscard]] std::string error() const { return m_folder.path().empty() ? "there is no temporary folder" : ""; }
+  [[nodiscard]] const std::string& path() const { return m_path; }
+
+  // Copies it; why that failed, or "".
+  [[nodiscard]] std::string send() const {
+    Output output("");
+    std::ifstream in(m_path, std::ios::binary);
+    if (in.peek() != std::ifstream::traits_type::eof()) output.stream() << in.rdbuf();
+    return output.finish() ? "" : output.reason();
+  }
+
+  void reportTheRest() const {
+    std::set<std::string> rest;
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_folder.path(), error)) {
+      if (!entry.is_directory(error) && entry.path() != m_path) {
+        rest.insert(entry.path().string().substr(m_folder.path().size() + 1));
+      }
+    }
+    for (const std::string& name : rest) std::cerr << kStandardOutput << ": note: " << name << " is left out\n";
+  }
+
+ private:
+  TemporaryFolder m_folder;
+  std::string m_path;
+};
+
+bool deliverToStandardOutput(const WriterFormat& format, CVekStager& stager) {
+  const StandardOutputFile file(format.extension);
+  const embedded::FileErrorLog log;
+  std::string error = file.error();
+  if (error.empty()) error = format.write({stager, file.path(), ""});
+  if (error.empty()) error = writingError(log, folderOf(file.path()));
+  if (error.empty()) error = file.send();
+  if (error.empty()) {
+    reportMissing(log, kStandardOutput);
+    file.reportTheRest();
+  } else {
+    std::cerr << kStandardOutput << ": error: " << error << '\n';
+  }
+  return error.empty();
+}
+
 }  // namespace
 
 std::string writeWorld(const WriteJob& job) {
@@ -108,6 +159,7 @@ std::string unpackFolderBeside(const std::string& path) {
 }
 
 bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager) {
+  if (path == "-") return deliverToStandardOutput(format, stager);
   Delivery delivery(path);
   const embedded::FileErrorLog log;
   std::string error = delivery.error();

@@ -18,7 +18,8 @@ namespace wrl {
 /// standard output.
 [[nodiscard]] std::string unpackFolderBeside(const std::string& path);
 
-/// Writes a file of that format. Failures are told on standard error.
+/// Writes a file of that format; "-" is standard output, which gets the file alone: what belongs beside it is left out,
+/// and named on standard error. Failures are told on standard error.
 [[nodiscard]] bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager);
 
 }  // namespace wrl

@@ -56,6 +56,32 @@ TEST(ConvertCommand, reads_a_world_on_standard_input) {
   EXPECT_TRUE(holds(folder.read("a.json"), "\"part\""));
 }
 
+TEST(ConvertCommand, writes_a_world_to_standard_output) {
+  const fixtures::TempFolder folder;
+  const std::string file = folder.write("a.wrl", kWorld);
+  EXPECT_EQ(runToolWith({"convert", file, folder.path("b.wrl")}).status, ExitStatus::done);
+  const ToolResult result = runToolWith({"convert", "--no-stats", file, "-"});
+  EXPECT_EQ(result.status, ExitStatus::done);
+  EXPECT_EQ(result.err, "");
+  EXPECT_EQ(result.out, folder.read("b.wrl"));
+  EXPECT_EQ(runToolWith({"export", "-", "-"}, runToolWith({"stage", "-q", file}).out).out, result.out);
+  const ToolResult full = runToolWith({"convert", "--no-stats", file, "-"}, "", "/dev/full");
+  EXPECT_EQ(full.status, ExitStatus::failed);
+  EXPECT_EQ(full.err, "standard output: error: No space left on device\n");
+  const ToolResult null = runToolWith({"export", "-", "-"}, R"({"assembly": null})");
+  EXPECT_EQ(null.status, ExitStatus::failed);
+  EXPECT_EQ(null.out, "");
+  EXPECT_EQ(null.err, "standard output: error: there is no assembly to write\n");
+}
+
+TEST(ConvertCommand, names_what_does_not_fit_through_standard_output) {
+  const fixtures::TempFolder folder;
+  const ToolResult result = runToolWith({"convert", "--no-stats", "--to", "obj", "-"}, kWorld);
+  EXPECT_EQ(result.status, ExitStatus::done);
+  EXPECT_TRUE(holds(result.out, "\nv ")) << result.out;
+  EXPECT_EQ(result.err, "standard output: note: output.mtl is left out\n");
+}
+
 TEST(ConvertCommand, names_the_formats_it_knows) {
   const fixtures::TempFolder folder;
   const std::string world = folder.write("a.wrl", kWorld);
@@ -67,7 +93,6 @@ TEST(ConvertCommand, names_the_formats_it_knows) {
       {{"convert", "a.xyz", "b.wrl"}, "a.xyz: error: no format that is read; known are .wrl"},
       {{"convert", "folder.wrl/a", "b.wrl"}, "folder.wrl/a: error: no format that is read; known are .wrl"},
       {{"convert", world, "b"}, "b: error: no format that is written; known are .wrl"},
-      {{"convert", world, "-"}, "-: error: no format that is written; known are .wrl"},
       {{"convert", "--up", "y", "a.json", "b.wrl"}, "--up: error: a stage document has its own axes\n"},
   };
   for (const Row& row : rows) {

@@ -133,7 +133,81 @@ TEST_F(Listing, convert_never_writes_over_a_file_that_it_was_given) {
   m_folder.write("worlds/b.WRL", kHeader);
   const ToolResult twice = runToolWith({"convert", "-q", "--to", "json", path("b.wrl"), path("b.WRL")});
   EXPECT_EQ(twice.status, ExitStatus::failed);
-  EXPECT_EQ(twice.err, path("b.json") + ": error: written before, for another file\n");
+  EXPECT_EQ(twice.err, path("b.json") + ": error: is the place of " + path("b.wrl") + "\n");
+}
+
+TEST_F(Listing, convert_knows_a_file_by_any_of_its_names) {
+  const std::string before = m_folder.read("worlds/b.wrl");
+  const std::string other = path("deep/../b.wrl");
+  const auto toJson = [](const std::vector<std::string>& files) {
+    std::vector<std::string> arguments = {"convert", "-q", "--to", "json"};
+    arguments.insert(arguments.end(), files.begin(), files.end());
+    return runToolWith(arguments);
+  };
+  std::filesystem::create_symlink("b.wrl", path("b.json"));
+  EXPECT_EQ(toJson({other}).err, path("deep/../b.json") + ": error: is one of the files to read\n");
+  EXPECT_EQ(m_folder.read("worlds/b.wrl"), before);
+  std::filesystem::remove(path("b.json"));
+  const ToolResult twice = toJson({other, path("b.wrl")});
+  EXPECT_EQ(twice.status, ExitStatus::done) << twice.err;
+  m_folder.write("worlds/b.WRZ", before);
+  EXPECT_EQ(toJson({other, path("b.WRZ")}).err, path("b.json") + ": error: is the place of " + other + "\n");
+}
+
+TEST_F(Listing, render_makes_a_picture_of_each_file_beside_itself) {
+  const std::vector<std::string> small = {"render", "-q", "--size", "8x8", "--to", "png"};
+  const auto with = [&small](const std::vector<std::string>& more) {
+    std::vector<std::string> arguments = small;
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+  };
+  const ToolResult result = runToolWith(with({m_folder.path("worlds"), "--json"}));
+  EXPECT_EQ(result.status, ExitStatus::failed);
+  EXPECT_EQ(result.out, R"({"file":")" + path("b.wrl") + R"(","status":"ok","output":")" + path("b.png") + "\"}\n" +
+                            R"({"file":")" + path("c.wrl") + "\",\"status\":\"failed\"}\n" + R"({"file":")" +
+                            path("deep/a.WRL") + R"(","status":"ok","output":")" + path("deep/a.png") + "\"}\n" +
+                            R"({"summary":{"files":3,"ok":2,"withNotes":0,"failed":1}})" + "\n");
+  EXPECT_FALSE(std::filesystem::exists(path("c.png")));
+  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", path("b.wrl"), "-"}).out, m_folder.read("worlds/b.png"));
+  // Everything that is one picture's is every picture's, and fails for each alone.
+  const ToolResult nowhere = runToolWith(with({"--view", "nowhere", path("b.wrl"), path("deep/a.WRL")}));
+  EXPECT_EQ(nowhere.status, ExitStatus::failed);
+  EXPECT_EQ(nowhere.out, path("b.wrl") + ": failed\n" + path("deep/a.WRL") + ": failed\n");
+  m_folder.write("worlds/b.json", "{}");
+  const ToolResult twice = runToolWith(with({path("b.wrl"), path("b.json")}));
+  EXPECT_EQ(twice.status, ExitStatus::failed);
+  EXPECT_NE(twice.err.find(path("b.png") + ": error: is the place of " + path("b.wrl") + "\n"), std::string::npos);
+}
+
+TEST_F(Listing, render_takes_no_second_world_for_its_output) {
+  const std::string before = m_folder.read("worlds/deep/a.WRL");
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"render", path("b.wrl"), path("deep/a.WRL")},
+           {"render", path("b.wrl"), path("a.glb")},
+           {"render", "--to", "glb", path("b.wrl")},
+           {"render", "--to", "tif", path("b.wrl")},
+           {"render", "--to", "", path("b.wrl"), path("deep/a.WRL")},
+           {"render", "--to", "deep/x.png", path("b.wrl")},
+           {"render", path("b.wrl"), path("b.png"), path("c.wrl")},
+           {"render", path("b.wrl")},
+       }) {
+    const ToolResult result = runToolWith(arguments);
+    EXPECT_EQ(result.status, ExitStatus::usage) << arguments.back();
+    EXPECT_EQ(result.out, "");
+  }
+  EXPECT_EQ(m_folder.read("worlds/deep/a.WRL"), before);
+  EXPECT_FALSE(std::filesystem::exists(path("b.png")));
+}
+
+TEST_F(Listing, what_comes_from_standard_input_alone_goes_to_standard_output) {
+  const std::string world = m_folder.read("worlds/b.wrl");
+  const ToolResult result = runToolWith({"convert", "-q", "--to", "json", "-"}, world);
+  EXPECT_EQ(result.status, ExitStatus::done);
+  EXPECT_EQ(result.out, runToolWith({"stage", "-q", "-"}, world).out);
+  const ToolResult many = runToolWith({"convert", "-q", "--to", "json", "-", path("b.wrl")}, world);
+  EXPECT_EQ(many.status, ExitStatus::failed);
+  EXPECT_EQ(many.err, "-: error: standard input has no name to be written under\n");
+  EXPECT_EQ(many.out, "-: failed\n");
 }
 
 TEST_F(Listing, convert_knows_wrong_usage_before_it_begins) {
@@ -141,6 +215,8 @@ TEST_F(Listing, convert_knows_wrong_usage_before_it_begins) {
            {"convert", path("b.wrl")},
            {"convert", path("b.wrl"), path("b.json"), path("d.json")},
            {"convert", "--to", "xyz", path("b.wrl")},
+           {"convert", "--to", "", path("b.wrl"), path("b.json")},
+           {"convert", "--to", "deep/b.json", path("b.wrl")},
        }) {
     EXPECT_EQ(runToolWith(arguments).status, ExitStatus::usage) << arguments.back();
   }
