@@ -14,12 +14,13 @@
 #include "vrml/nodes/AddedFields.h"
 #include "vrml/nodes/BoundingBox.h"
 #include "vrml/nodes/NodeClass.h"
+#include "vrml/nodes/NodePool.h"
 
 namespace vrml {
 
 /// The part of a node's data that most nodes lack: a name, the fields that do not stand in the data block, a computed
 /// box.
-struct NodeExtras {
+struct NodeExtras : Pooled {
   /// A field of the class that was asked for: an event, or one of the fifth list.
   struct MadeField {
     const FieldDecl* decl;
@@ -37,7 +38,7 @@ struct NodeExtras {
 
 /// Each node class derives a struct of its fields from this. There is no virtual destructor: the class's table knows
 /// the type.
-class NodeData {
+class NodeData : public Pooled {
  public:
   NodeData() noexcept = default;
   NodeData(const NodeData&) = delete;

@@ -201,6 +201,7 @@ struct ClassTraits {
 template <class N>
 [[nodiscard]] consteval NodeClass describe(const ClassTraits& traits) {
   using Data = typename N::Data;
+  static_assert(alignof(N) <= NodePool::kAlignment && alignof(Data) <= NodePool::kAlignment);
   return {.typeName = traits.typeName,
           .type = nodeType(traits.typeName),
           .fields = traits.fields,
@@ -214,7 +215,9 @@ template <class N>
           .createData = []() -> NodeData* { return new Data; },
           .destroyData = [](NodeData* data) noexcept { delete static_cast<Data*>(data); },
           .defaults = []() -> const NodeData& {
-            static const Data& defaults = *new Data;  // never destroyed: a node may outlive what ends with the process
+            // Never destroyed: a node may outlive what ends with the process. Not in the pool, where it would keep a
+            // whole chunk.
+            static const Data& defaults = *::new Data;
             return defaults;
           }};
 }
