@@ -30,7 +30,11 @@ void NameIndex::remove(const Node& node) {
 
 Node* NameIndex::find(std::string_view name, const Node& root) {
   if (m_isStale) rebuild(root);
-  return m_count == 0 ? nullptr : placeOf(name, hashOf(name)).node;
+  if (m_count == 0) return nullptr;
+  const std::uint32_t hash = hashOf(name);
+  // Who asks for a node goes on to its values: they come while the names are compared.
+  if (const Node* const likely = m_defs[hash & (m_defs.size() - 1)].node) likely->prefetch();
+  return placeOf(name, hash).node;
 }
 
 std::uint32_t NameIndex::hashOf(std::string_view name) noexcept {
@@ -79,10 +83,16 @@ void NameIndex::grow() {
   }
 }
 
-void NameIndex::rebuild(const Node& root) {
+void NameIndex::clear() noexcept {
   m_defs.clear();
   m_names.clear();
   m_count = 0;
+  m_isStale = false;
+}
+
+void NameIndex::rebuild(const Node& root) {
+  clear();
+  m_isStale = true;  // also when memory runs out half way
   for (Node* node = root.nextInDocument(&root); node; node = node->nextInDocument(&root))
     if (node->hasName()) record(*node);
   m_isStale = false;

@@ -31,6 +31,8 @@ class NameIndex {
   void add(Node& node, bool isLast);
   /// The node has gone.
   void remove(const Node& node);
+  /// Every node is about to go: none of them needs to be taken out by itself.
+  void clear() noexcept;
   /// A name of the tree has changed.
   void invalidate() noexcept { m_isStale = true; }
 

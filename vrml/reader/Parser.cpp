@@ -84,6 +84,7 @@ Parser::Parser() : m_root(std::make_unique<RootNode>()) { m_root->setSceneGraph(
 Parser::~Parser() {
   m_useNode.reset();
   m_routes.deleteElements();
+  m_names.clear();
   m_root.reset();
 }
 
@@ -186,6 +187,7 @@ void Parser::rollBack(const Mark& mark) {
 }
 
 void Parser::clearTree() {
+  m_names.clear();
   rollBack({nullptr, nullptr});
   m_inlinedNodes = 0;
 }
