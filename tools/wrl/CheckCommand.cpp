@@ -94,6 +94,7 @@ class CheckCommand : public Command {
     if (m_options.verbose) tellReading(path, std::chrono::duration<double>(Clock::now() - start).count());
     describeReading(report, scene);
     if (!report.isRead()) report.kind = foreignKind(path);
+    if (report.state == CheckReport::State::unreadable) report.reason = unreadableLine(file, path);
     const std::string folder = sglDataLoader::extractDirectoryFromPath(path);
     AuditOptions options;
     if (m_options.textures) {
@@ -103,6 +104,11 @@ class CheckCommand : public Command {
     }
     if (report.isRead()) describeNotes(report, scene, options);
     return report;
+  }
+
+  static std::string unreadableLine(const std::string& file, const std::string& path) {
+    const std::string error = openingError(path);
+    return error.empty() ? "" : file + ": error: " + error;
   }
 
   static std::string readEchoing(vrml::SceneGraph& scene, const std::string& path) {

@@ -3,7 +3,12 @@
 
 #include "tools/wrl/FileKind.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -38,6 +43,8 @@ constexpr Beginning kTexts[] = {
 constexpr Beginning kBinaries[] = {
     {"\xFF\xFE"sv, "text in UTF-16"},
     {"\xFE\xFF"sv, "text in UTF-16"},
+    {"#\0V\0R\0"sv, "text in UTF-16"},
+    {"\0#\0V\0R"sv, "text in UTF-16"},
     {"PK\x03\x04"sv, "a ZIP archive"},
     {"BZh"sv, "a file compressed with bzip2"},
     {"\xFD"
@@ -133,8 +140,19 @@ std::string foreignKind(const std::string& path) {
 }
 
 std::string foreignKindLine(const std::string& file, const std::string& path) {
+  const std::string error = openingError(path);
+  if (!error.empty()) return file + ": error: " + error + '\n';
   const std::string kind = foreignKind(path);
   return kind.empty() ? "" : file + ": error: this is " + kind + '\n';
+}
+
+std::string openingError(const std::string& path) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // waits for nobody at a pipe
+  int error = descriptor == -1 ? errno : 0;
+  struct stat status {};
+  if (error == 0 && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode)) error = EISDIR;
+  if (descriptor != -1) ::close(descriptor);
+  return error == 0 || error == ENOENT ? "" : std::generic_category().message(error);
 }
 
 }  // namespace wrl

@@ -14,4 +14,7 @@ namespace wrl {
 /// That as a line with its end, "FILE: error: this is ...", under the name `file`; "" when there is nothing to say.
 [[nodiscard]] std::string foreignKindLine(const std::string& file, const std::string& path);
 
+/// Why a file that is there cannot be opened: `"Permission denied"`. "" when it can, and when it is not there.
+[[nodiscard]] std::string openingError(const std::string& path);
+
 }  // namespace wrl

@@ -33,6 +33,8 @@ TEST(FileKind, is_told_by_the_first_bytes) {
       {"XML", "<?xml version=\"1.0\"?><COLLADA>", "an XML document, not VRML97"},
       {"JSON", "{ \"asset\": {} }", "a JSON document, not VRML97"},
       {"UTF-16", std::string("\xFF\xFE#\0V\0R\0", 8), "text in UTF-16, not VRML97"},
+      {"UTF-16 without a mark", std::string("#\0V\0R\0M\0", 8), "text in UTF-16, not VRML97"},
+      {"UTF-16 from its high bytes", std::string("\0#\0V\0R\0M", 8), "text in UTF-16, not VRML97"},
       {"a ZIP archive", "PK\x03\x04 and so on", "a ZIP archive, not VRML97"},
       {"a PNG image", "\x89PNG\r\n\x1A\n", "a PNG image, not VRML97"},
       {"zero bytes", std::string("solid\0\1\2", 8), "a binary file, not VRML97"},
@@ -62,6 +64,15 @@ TEST(FileKind, is_not_asked_of_what_is_no_regular_file) {
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);  // reading it would wait for ever
   for (const std::string& path : {pipe, folder.path("missing"), folder.path(""), std::string("/dev/zero")})
     EXPECT_EQ(foreignKind(path), "") << path;
+}
+
+TEST(FileKind, a_file_that_cannot_be_opened_has_a_reason) {
+  const fixtures::TempFolder folder;
+  EXPECT_EQ(openingError(folder.write("a.wrl", "")), "");
+  EXPECT_EQ(openingError(folder.path("none.wrl")), "");
+  EXPECT_EQ(openingError(folder.path("a.wrl/b.wrl")), "Not a directory");
+  EXPECT_EQ(foreignKindLine("a.wrl", folder.path("")), "a.wrl: error: Is a directory\n");
+  EXPECT_EQ(foreignKindLine("a.wrl", folder.path("none.wrl")), "");
 }
 
 }  // namespace
