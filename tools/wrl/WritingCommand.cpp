@@ -78,6 +78,10 @@ ExitStatus WritingCommand::writeOne() {
   } else if (!m_more.empty()) {
     error = m_more.front() + ": error: more than two files want --to";
   }
+  std::error_code ignored;
+  if (error.empty() && !isStandardInput(m_input) && fs::is_directory(m_input, ignored)) {
+    error = m_input + ": error: a folder; with --to EXT the worlds in it are read";
+  }
   if (error.empty()) error = inputError(m_input);
   if (error.empty()) error = outputError(m_output);
   if (error.empty()) return write(m_input, m_output);

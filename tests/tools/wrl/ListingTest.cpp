@@ -190,6 +190,7 @@ TEST_F(Listing, render_takes_no_second_world_for_its_output) {
            {"render", "--to", "deep/x.png", path("b.wrl")},
            {"render", path("b.wrl"), path("b.png"), path("c.wrl")},
            {"render", path("b.wrl")},
+           {"render", path("deep"), path("b.png")},
        }) {
     const ToolResult result = runToolWith(arguments);
     EXPECT_EQ(result.status, ExitStatus::usage) << arguments.back();
@@ -215,6 +216,7 @@ TEST_F(Listing, convert_knows_wrong_usage_before_it_begins) {
            {"convert", path("b.wrl")},
            {"convert", path("b.wrl"), path("b.json"), path("d.json")},
            {"convert", "--to", "xyz", path("b.wrl")},
+           {"convert", path("deep"), path("b.json")},
            {"convert", "--to", "", path("b.wrl"), path("b.json")},
            {"convert", "--to", "deep/b.json", path("b.wrl")},
        }) {
