@@ -1,7 +1,9 @@
 // A file with carriage returns echoes one character a line. Standard error is not buffered, so the characters are
-// gathered here.
+// gathered here. On a terminal, where the result stands behind them, they get a line of their own.
 
 #include "tools/wrl/Echo.h"
+
+#include <unistd.h>
 
 #include <cstdio>
 #include <string>
@@ -19,7 +21,10 @@ std::string& gathered() {
   return text;
 }
 
+char lastCharacter = '\n';
+
 void flushGathered() {
+  if (!gathered().empty()) lastCharacter = gathered().back();
   std::fwrite(gathered().data(), 1, gathered().size(), stderr);
   gathered().clear();
 }
@@ -35,6 +40,8 @@ EchoToStandardError::EchoToStandardError() { vrml::setEchoSink(gather); }
 
 EchoToStandardError::~EchoToStandardError() {
   flushGathered();
+  if (lastCharacter != '\n' && ::isatty(STDERR_FILENO) == 1) std::fputc('\n', stderr);
+  lastCharacter = '\n';
   vrml::setEchoSink(nullptr);
 }
 

@@ -1,4 +1,5 @@
-// The line that tells people how far a command has come, on a pseudo-terminal.
+// What only a terminal gets, on a pseudo-terminal: the line that tells people how far a command has come, and ends of
+// lines.
 
 #include <gtest/gtest.h>
 #include <pty.h>
@@ -7,7 +8,9 @@
 #include <iostream>
 
 #include "tests/tools/wrl/RunTool.h"
+#include "tools/wrl/Echo.h"
 #include "tools/wrl/FileCount.h"
+#include "vrml/reader/SceneGraph.h"
 
 namespace wrl {
 namespace {
@@ -84,6 +87,22 @@ TEST_F(Progresses, what_is_written_takes_the_place_of_the_line) {
   std::cerr << "a.wrl: error\n";
   std::cerr << "b.wrl: error\n";
   EXPECT_EQ(seen(), kWipe + "half" + kWipe + "a.wrl: error\r\nb.wrl: error\r\n");
+}
+
+// The result stands behind it on the same terminal.
+TEST_F(Progresses, what_the_reader_echoes_gets_a_line_of_its_own) {
+  const fixtures::TempFolder folder;
+  const auto read = [&folder](const std::string& text) {
+    const std::string file = folder.write("a.wrl", text);
+    const EchoToStandardError echo;
+    vrml::SceneGraph scene;
+    scene.load(file, true);
+    EXPECT_TRUE(scene.succeeded());
+  };
+  read("? Group { }\n");
+  EXPECT_EQ(seen(), "?\r\n");
+  read("Group { }\n");
+  EXPECT_EQ(seen(), "");
 }
 
 TEST(Progress, without_a_terminal_nothing_is_shown) {
