@@ -7,8 +7,11 @@
 #include <algorithm>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <iostream>
+#include <span>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -50,10 +53,21 @@ std::vector<ParsedCommand> addCommands(CLI::App& app) {
   return commands;
 }
 
+// A word that looks like options and is a file; "" when there is none.
+std::string fileLikeOptions(std::span<const char* const> words) {
+  for (const std::string word : words) {
+    std::error_code ignored;
+    if (word.size() > 1 && word.starts_with('-') && std::filesystem::exists(word, ignored)) return word;
+  }
+  return "";
+}
+
 // Ends a parse that did not come to a command: help, version, or wrong usage.
-ExitStatus endParse(const CLI::App& app, const CLI::ParseError& reason) {
+ExitStatus endParse(const CLI::App& app, const CLI::ParseError& reason, std::span<const char* const> words) {
   if (reason.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) {
     app.exit(reason, std::cerr, std::cerr);
+    const std::string file = fileLikeOptions(words);
+    if (!file.empty()) std::cerr << "The file " << file << " can be named ./" << file << ", or behind --\n";
     return ExitStatus::usage;
   }
   Output output("");
@@ -79,7 +93,7 @@ ExitStatus parseAndRun(int argumentCount, const char* const* arguments) {
   try {
     app.parse(std::move(words));
   } catch (const CLI::ParseError& reason) {
-    return endParse(app, reason);
+    return endParse(app, reason, {arguments, static_cast<std::size_t>(std::max(argumentCount, 0))});
   }
   return runParsed(commands);
 }

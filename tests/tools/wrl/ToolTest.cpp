@@ -141,6 +141,21 @@ TEST(NodesCommand, writes_what_was_built_before_a_syntax_error) {
   EXPECT_EQ(result.out.substr(0, kHeader.size() + 7), kHeader + "Group {");
 }
 
+TEST(Tool, says_how_to_name_a_file_that_looks_like_options) {
+  const fixtures::TempFolder folder;
+  folder.write("-dash.wrl", kHeader);
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path(""));
+  const ToolResult bare = runToolWith({"check", "-dash.wrl"});
+  const ToolResult missing = runToolWith({"check", "-dish.wrl"});
+  const ToolResult behind = runToolWith({"check", "--", "-dash.wrl"});
+  std::filesystem::current_path(before);
+  EXPECT_EQ(bare.status, ExitStatus::usage);
+  EXPECT_TRUE(holds(bare.err, "\nThe file -dash.wrl can be named ./-dash.wrl, or behind --\n")) << bare.err;
+  EXPECT_FALSE(holds(missing.err, "can be named")) << missing.err;
+  EXPECT_EQ(behind.out, "-dash.wrl: ok\n");
+}
+
 TEST(CheckCommand, goes_on_behind_a_file_that_is_missing_or_broken) {
   const fixtures::TempFolder folder;
   const std::string good = folder.write("good.wrl", kHeader + "Fog { }\n");
