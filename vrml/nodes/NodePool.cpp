@@ -23,7 +23,7 @@ void NodePool::startOver() noexcept {
 
 void NodePool::releaseChunk(Chunk* chunk) noexcept {
   if (chunk == s_chunk) return startOver();
-  ::operator delete (chunk, kChunkSize, std::align_val_t{kChunkSize});
+  ::operator delete (chunk, std::align_val_t{kChunkSize});
   --s_chunkCount;
 }
 
