@@ -56,7 +56,15 @@ endif()
 
 # Documents and examples; the licence under the name that Debian wants.
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}" RENAME copyright)
+file(READ "${PROJECT_SOURCE_DIR}/LICENSE" copyright)
+get_property(viewer_licence GLOBAL PROPERTY WRL_VIEWER_LICENCE)
+if(viewer_licence)
+  # The command holds it, and so does every HTML page that it writes.
+  file(READ "${viewer_licence}" viewer_licence)
+  string(APPEND copyright "\nThe viewer inside wrl and inside the HTML pages that it writes holds three.js:\n\n${viewer_licence}")
+endif()
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/copyright" CONTENT "${copyright}" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}" FILES_MATCHING PATTERN "*.md")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 

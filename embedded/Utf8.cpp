@@ -47,4 +47,16 @@ void appendUtf8(std::string& text, unsigned codePoint) {
   put(0x80 | (codePoint & 0x3F));
 }
 
+std::string wellFormedUtf8(std::string_view text) {
+  constexpr unsigned kReplacement = 0xFFFD;
+  std::string wellFormed;
+  for (std::size_t place = 0; place < text.size();) {
+    const std::size_t length = utf8SequenceLength(text, place);
+    if (length == 0) appendUtf8(wellFormed, kReplacement);
+    wellFormed.append(text, place, length);
+    place += length == 0 ? 1 : length;
+  }
+  return wellFormed;
+}
+
 }  // namespace embedded

@@ -14,4 +14,7 @@ namespace embedded {
 // Appends the UTF-8 of a code point, which is no surrogate and at most 0x10FFFF.
 void appendUtf8(std::string& text, unsigned codePoint);
 
+// A text with U+FFFD in the place of each byte that is not part of a well-formed sequence.
+[[nodiscard]] std::string wellFormedUtf8(std::string_view text);
+
 }  // namespace embedded

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs the packages of the named groups of packages.txt that this machine lacks, and says which. Where nothing is
-# missing nothing is asked of the package manager, so that a second run needs neither rights nor a network.
+# Installs the packages of the named groups of packages.txt that this machine lacks, and says which. A program of a
+# package's name does as well: it may come from elsewhere. Where nothing is missing nothing is asked of the package manager,
+# so that a second run needs neither rights nor a network.
 #
 # usage: install-packages.sh GROUP...
 set -euo pipefail
@@ -16,7 +17,7 @@ if ! command -v dpkg-query >/dev/null; then
 fi
 
 isInstalled() { # PACKAGE
-  [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+  [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ] || command -v "$1" >/dev/null
 }
 
 missing=()

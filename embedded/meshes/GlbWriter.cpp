@@ -36,19 +36,6 @@ bool isNearly(const glm::dmat4& matrix, const glm::dmat4& other) {
   return true;
 }
 
-// A name as glTF's text may hold it.
-std::string textOf(const std::string& name) {
-  constexpr unsigned kReplacement = 0xFFFD;
-  std::string text;
-  for (std::size_t place = 0; place < name.size();) {
-    const std::size_t length = utf8SequenceLength(name, place);
-    if (length == 0) appendUtf8(text, kReplacement);
-    text.append(name, place, length);
-    place += length == 0 ? 1 : length;
-  }
-  return text;
-}
-
 template <std::size_t Count>
 std::vector<double> unlessDefault(const std::array<double, Count>& values, const std::array<double, Count>& usual) {
   return values == usual ? std::vector<double>() : std::vector<double>(values.begin(), values.end());
@@ -120,7 +107,7 @@ class GlbBuilder : public AssemblyVisitor {
 
   std::string nameOf(const CVekAssyNode& node) const {
     const bool isFolded = &node == &m_root && m_uprightGroup != nullptr && node.GetName().empty();
-    return textOf(isFolded ? m_uprightGroup->GetName() : node.GetName());
+    return wellFormedUtf8(isFolded ? m_uprightGroup->GetName() : node.GetName());
   }
 
   glm::dmat4 matrixOf(const CVekAssyNode& node) const {
@@ -169,7 +156,7 @@ class GlbBuilder : public AssemblyVisitor {
     const auto* geode = dynamic_cast<const sglGeode*>(actor.GetPresentable());
     if (geode == nullptr || !actor.IsDisplayed() || dynamic_cast<const CVekActorMesh*>(&actor) == nullptr) return;
     tinygltf::Mesh mesh;
-    mesh.name = textOf(actor.GetName());
+    mesh.name = wellFormedUtf8(actor.GetName());
     for (unsigned i = 0; i < geode->getNumGeometries() && !m_isTooLarge; ++i) {
       addPrimitive(actor, geode->getGeometry(i), mesh);
     }

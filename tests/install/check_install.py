@@ -37,6 +37,20 @@ def check_command(prefix, world):
     expect("the installed command's scene", json.loads(found)["scene"]["type"], "sglTransform")
 
 
+def check_pages(prefix, world):
+    """The installed command writes pages with all that they need, and their viewer's licence is installed with it."""
+    wrl = os.path.join(prefix, "bin", "wrl")
+    has_pages = ".html" in run(wrl, "formats")
+    with open(os.path.join(prefix, "share", "doc", "wrl", "copyright"), encoding="utf-8") as f:
+        licence = f.read()
+    for part, wanted in (("the wrl authors", True), ("three.js authors", has_pages)):
+        expect(f"whether the copyright file names {part}", part in licence, wanted)
+    if has_pages:
+        page = os.path.join(prefix, "page.html")
+        run(wrl, "convert", "-q", world, page)
+        expect("whether a page holds its model", os.path.getsize(page) > 100_000, True)
+
+
 def check_programs(folder, world, prefix=None):
     """The two example programs, where they were built."""
     environment = {**os.environ, **({"LD_LIBRARY_PATH": os.path.join(prefix, "lib")} if prefix else {})}
@@ -91,6 +105,7 @@ def main():
             documents = os.path.join(prefix, "share", "doc", "wrl", "examples")
             examples, world = os.path.join(documents, "host"), os.path.join(documents, "two-triangles.wrl")
             check_command(prefix, world)
+            check_pages(prefix, world)
             check_cmake_package(os.path.join(folder, "cmake"), prefix, examples, world, args)
             check_pkg_config(os.path.join(folder, "pkg-config"), prefix, examples, world, args)
             check_other_host(os.path.join(folder, "other"), os.path.join(prefix, "include", "wrl"), args)
