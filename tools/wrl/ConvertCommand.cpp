@@ -23,6 +23,7 @@ class ConvertCommand : public WritingCommand {
     static constexpr CommandExample kExamples[] = {
         {"wrl convert garden.wrl clean.wrl", "a world through import and export"},
         {"wrl convert garden.wrl garden.json", "a world as a stage document"},
+        {"wrl convert garden.wrl garden.html", "a page that shows it in any browser, with no network"},
         {"wrl convert -q --to glb worlds", "every world in a folder as binary glTF, beside itself"},
     };
     return kExamples;
@@ -43,7 +44,8 @@ class ConvertCommand : public WritingCommand {
     const WriterFormat* const writer = writerFor(output);
     if (writer->namesImages) m_options.unpackFolder = unpackFolderBeside(output);
     const LoadedStage stage = readerOf(input)->read(input, m_options);
-    const bool isDone = !stage.failed && deliverStage(*writer, output, *stage.stager);
+    const JobSource source{input, stage.messages, m_options};
+    const bool isDone = !stage.failed && deliverStage(*writer, output, *stage.stager, &source);
     return isDone ? ExitStatus::done : ExitStatus::failed;
   }
 

@@ -7,7 +7,9 @@
 #include <charconv>
 #include <iostream>
 
+#include "tools/wrl/HostSetUp.h"
 #include "tools/wrl/Progress.h"
+#include "vrml/reader/Lexer.h"
 #include "vrml/reader/SceneGraph.h"
 
 namespace wrl {
@@ -25,6 +27,13 @@ std::string readFileOrSearch(vrml::SceneGraph& scene, const std::string& path) {
   if (scene.succeeded() || !sglDataLoader::findFile(path, nullptr, found)) return path;
   readFile(scene, found, true);
   return found;
+}
+
+void readAgain(vrml::SceneGraph& scene, const std::string& path, const HostOptions& options) {
+  const vrml::EchoSink before = vrml::setEchoSink([](const char*, std::size_t) {});
+  const HostSetUp host(options);
+  readFileOrSearch(scene, path);
+  vrml::setEchoSink(before);
 }
 
 void tellReading(const std::string& path, double seconds) {

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "tools/wrl/HostOptions.h"
+
 namespace vrml {
 class SceneGraph;
 }
@@ -16,6 +18,9 @@ void readFile(vrml::SceneGraph& scene, const std::string& path, bool resolve);
 /// The same with resolution, and where that fails once more under the path that the host's file search finds, as an
 /// import does. The path that was read last.
 std::string readFileOrSearch(vrml::SceneGraph& scene, const std::string& path);
+
+/// The same for a file that the module has read just now, with the host set up as for that: nothing is echoed twice.
+void readAgain(vrml::SceneGraph& scene, const std::string& path, const HostOptions& options);
 
 /// Tells on standard error that a file was read, or tried to be: `wrl: PATH: 0.012 s`.
 void tellReading(const std::string& path, double seconds);

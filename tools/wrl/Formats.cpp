@@ -6,9 +6,11 @@
 #include <array>
 
 #include "embedded/Paths.h"
+#include "embedded/pages/PageTemplate.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/MeshInput.h"
 #include "tools/wrl/MeshOutput.h"
+#include "tools/wrl/PageOutput.h"
 #include "tools/wrl/PictureOutput.h"
 #include "tools/wrl/StageOutput.h"
 
@@ -31,11 +33,12 @@ constexpr std::array kReaders = {
     ReaderFormat{"gz", "compressed VRML97 world", readWorld},
 };
 
+// HTML pages are the last row, which a build without their viewer leaves out.
 constexpr std::array kWriters = {
     WriterFormat{kWorld, "VRML97 world", writeWorld},   WriterFormat{"json", "stage document", writeStage, true},
     WriterFormat{"glb", "binary glTF model", writeGlb}, WriterFormat{"obj", "OBJ model", writeObj},
     WriterFormat{"stl", "STL model", writeStl},         WriterFormat{"ply", "PLY model", writePly},
-    WriterFormat{"png", "picture", writePicture},
+    WriterFormat{"png", "picture", writePicture},       WriterFormat{"html", "HTML page with the model", writePage},
 };
 
 // What stands behind the last full stop of a file's name, in small letters.
@@ -49,14 +52,14 @@ std::string extensionOf(const std::string& file) {
   return extension;
 }
 
-template <class Table>
-const typename Table::value_type* find(const Table& table, std::string_view extension) {
+template <class Format>
+const Format* find(std::span<const Format> table, std::string_view extension) {
   const auto row = std::find_if(table.begin(), table.end(), [&](const auto& r) { return r.extension == extension; });
   return row == table.end() ? nullptr : &*row;
 }
 
-template <class Table>
-std::string listed(const Table& table) {
+template <class Format>
+std::string listed(std::span<const Format> table) {
   std::string text;
   for (std::size_t i = 0; i < table.size(); ++i) {
     if (i > 0) text += i + 1 == table.size() ? " and " : ", ";
@@ -68,14 +71,17 @@ std::string listed(const Table& table) {
 }  // namespace
 
 const ReaderFormat* readerOf(const std::string& file) {
-  return isStandardInput(file) ? find(kReaders, kWorld) : find(kReaders, extensionOf(file));
+  return isStandardInput(file) ? find(readerFormats(), kWorld) : find(readerFormats(), extensionOf(file));
 }
 
-const WriterFormat* writerOf(const std::string& file) { return find(kWriters, extensionOf(file)); }
+const WriterFormat* writerOf(const std::string& file) { return find(writerFormats(), extensionOf(file)); }
 
 std::span<const ReaderFormat> readerFormats() { return kReaders; }
 
-std::span<const WriterFormat> writerFormats() { return kWriters; }
+std::span<const WriterFormat> writerFormats() {
+  static const bool kHasPages = !embedded::pageTemplate().empty();
+  return std::span(kWriters).first(kHasPages ? kWriters.size() : kWriters.size() - 1);
+}
 
 std::string optionError(const std::string& file, const HostOptions& options) {
   const ReaderFormat* const format = readerOf(file);
@@ -83,10 +89,10 @@ std::string optionError(const std::string& file, const HostOptions& options) {
   return "--up: error: a " + std::string(format->name) + " has its own axes";
 }
 
-const WriterFormat& worldFormat() { return *find(kWriters, kWorld); }
+const WriterFormat& worldFormat() { return *find(writerFormats(), kWorld); }
 
-std::string knownReaders() { return listed(kReaders); }
+std::string knownReaders() { return listed(readerFormats()); }
 
-std::string knownWriters() { return listed(kWriters); }
+std::string knownWriters() { return listed(writerFormats()); }
 
 }  // namespace wrl

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tools/wrl/StageInput.h"
 
@@ -23,11 +24,19 @@ struct ReaderFormat {
   bool hasUpAxis = true;  // whether `options.up` may be given: not where the format leaves no doubt
 };
 
+/// Where what is written was read.
+struct JobSource {
+  std::string file;                          // as given on the command line
+  const std::vector<std::string>& messages;  // what its reader had to say
+  const HostOptions& options;
+};
+
 /// What is written, and where.
 struct WriteJob {
   CVekStager& stager;
   std::string path;    // the file to write; further files that belong to it go beside it
   std::string folder;  // the folder in which all of it will stand in the end: what paths in the file are relative to
+  const JobSource* source = nullptr;  // null where nobody wants to know
 };
 
 /// A format that is written.
@@ -46,7 +55,7 @@ struct WriterFormat {
 [[nodiscard]] const ReaderFormat* readerOf(const std::string& file);
 [[nodiscard]] const WriterFormat* writerOf(const std::string& file);
 
-/// Both tables, in the order of the messages.
+/// Both tables, in the order of the messages. A build without the viewer of HTML pages does not write them.
 [[nodiscard]] std::span<const ReaderFormat> readerFormats();
 [[nodiscard]] std::span<const WriterFormat> writerFormats();
 

@@ -11,16 +11,14 @@
 #include "tools/wrl/FileCount.h"
 #include "tools/wrl/FileReading.h"
 #include "tools/wrl/HostOptions.h"
-#include "tools/wrl/HostSetUp.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/InputFiles.h"
 #include "tools/wrl/Listing.h"
 #include "tools/wrl/Output.h"
 #include "tools/wrl/SceneLoad.h"
 #include "tools/wrl/SceneSummary.h"
+#include "tools/wrl/WorldViews.h"
 #include "vrml/nodes/RootNode.h"
-#include "vrml/nodes/ViewpointNode.h"
-#include "vrml/reader/Lexer.h"
 #include "vrml/reader/SceneGraph.h"
 
 namespace wrl {
@@ -66,20 +64,9 @@ std::string describeBox(const CVekBBox& box) {
   return box.isEmpty() ? "empty" : describeCorner(box.getMin()) + " to " + describeCorner(box.getMax());
 }
 
-// A viewpoint is known by its description, without one by its DEF name.
-std::string viewpointName(const vrml::Node& viewpoint) {
-  std::string description;
-  viewpoint.peekField(*viewpoint.getClass().findField(vrml::fieldKey("description"))).appendText(description);
-  return description.empty() ? viewpoint.getName() : description;
-}
-
 FileSummary summarizeFile(const std::string& path, const HostOptions& options) {
   vrml::SceneGraph scene;
-  // The module has echoed already what there is to echo.
-  const vrml::EchoSink before = vrml::setEchoSink([](const char*, std::size_t) {});
-  const HostSetUp host(options);
-  readFileOrSearch(scene, path);
-  vrml::setEchoSink(before);
+  readAgain(scene, path, options);
   FileSummary summary;
   const vrml::Node* const root = scene.getRoot();
   for (const vrml::Node* node = root->nextInDocument(root); node != nullptr; node = node->nextInDocument(root)) {

@@ -29,7 +29,7 @@ LoadedStage readMesh(const std::string& file, const HostOptions& options) {
     std::cerr << file << ": error: " << error << '\n';
     return {nullptr, true, nullptr};
   }
-  return {embedded::makeStager(std::move(assembly)), false, unpacked};
+  return {embedded::makeStager(std::move(assembly)), false, unpacked, notes.all()};
 }
 
 }  // namespace wrl

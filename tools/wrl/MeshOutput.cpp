@@ -17,15 +17,7 @@ namespace wrl {
 
 namespace {
 
-constexpr const char* kNoAssembly = "there is no assembly to write";
-
 const CVekAssyRoot* assemblyOf(const WriteJob& job) { return job.stager.GetSceneManager()->GetAssyRoot(); }
-
-void report(const embedded::MeshNotes& notes, const WriteJob& job) {
-  for (const std::string& note : notes.all()) {
-    std::cerr << job.folder << embedded::fileNameOf(job.path) << ": note: " << note << '\n';
-  }
-}
 
 // Writes one file, and makes the folder that it is in; why it could not, or "".
 std::string writeFile(const std::string& path, const std::string& bytes) {
@@ -50,11 +42,17 @@ std::string writeFlat(const WriteJob& job, std::string_view extension) {
     error = writeFile(isOwn ? job.path : embedded::folderOf(job.path) + file.name, file.bytes);
     if (!error.empty()) return isOwn ? error : file.name + ": " + error;
   }
-  report(notes, job);
+  reportNotes(notes, job);
   return "";
 }
 
 }  // namespace
+
+void reportNotes(const embedded::MeshNotes& notes, const WriteJob& job) {
+  for (const std::string& note : notes.all()) {
+    std::cerr << job.folder << embedded::fileNameOf(job.path) << ": note: " << note << '\n';
+  }
+}
 
 std::string writeGlb(const WriteJob& job) {
   if (assemblyOf(job) == nullptr) return kNoAssembly;
@@ -63,7 +61,7 @@ std::string writeGlb(const WriteJob& job) {
   std::string error;
   if (!embedded::writeGlb(*assemblyOf(job), output.stream(), notes, error)) return error;
   if (!output.finish()) return output.reason();
-  report(notes, job);
+  reportNotes(notes, job);
   return "";
 }
 

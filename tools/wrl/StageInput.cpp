@@ -14,6 +14,7 @@
 #include "tools/wrl/Formats.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/SceneLoad.h"
+#include "tools/wrl/StatisticsFilter.h"
 
 namespace wrl {
 
@@ -41,6 +42,15 @@ std::unique_ptr<CVekStager> readStandardInput(embedded::StageError& error) {
   return embedded::readStageDocument(contentOf(input.path), "", error);
 }
 
+std::vector<std::string> withoutStatistics(const std::vector<embedded::Message>& messages) {
+  std::vector<std::string> texts;
+  StatisticsFilter filter;
+  for (const embedded::Message& message : messages) {
+    if (!filter.isStatistics(message.text)) texts.push_back(message.text);
+  }
+  return texts;
+}
+
 std::string describe(const std::string& file, const embedded::StageError& error) {
   const std::string line = error.line > 0 ? ":" + std::to_string(error.line) : "";
   return file + line + ": error: " + error.text;
@@ -65,7 +75,7 @@ LoadedStage readWorld(const std::string& file, const HostOptions& options) {
   const std::string root = isStandardInput(file) ? "" : stemOf(file);
   std::unique_ptr<CVekAssyRoot> assembly = embedded::turnedUpright(
       embedded::buildAssembly(loaded->database->GetSglRoot(), root), UpAxis::Y, options.up.value_or(UpAxis::Y));
-  return {embedded::makeStager(std::move(assembly)), loaded->failed};
+  return {embedded::makeStager(std::move(assembly)), loaded->failed, nullptr, withoutStatistics(loaded->messages)};
 }
 
 LoadedStage loadStage(const std::string& file, const HostOptions& options) {

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tools/wrl/HostOptions.h"
 
@@ -16,6 +17,7 @@ struct LoadedStage {
   bool failed = false;                 // the input could not be loaded; said on standard error
   // Temporary files that the assembly names and that go with this; null when there are none.
   std::shared_ptr<const void> files = nullptr;
+  std::vector<std::string> messages = {};  // what the reader had to say, statistics aside; said on standard error
 };
 
 /// Reads a stage document; "-" is standard input, and relative paths in it are taken relative to the current folder

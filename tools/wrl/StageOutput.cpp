@@ -17,6 +17,7 @@
 #include "embedded/StageDocument.h"
 #include "tools/wrl/Delivery.h"
 #include "tools/wrl/Descriptors.h"
+#include "tools/wrl/MeshOutput.h"
 #include "tools/wrl/Module.h"
 #include "tools/wrl/Output.h"
 #include "tools/wrl/TemporaryFolder.h"
@@ -113,11 +114,11 @@ class StandardOutputFile {
   std::string m_path;
 };
 
-bool deliverToStandardOutput(const WriterFormat& format, CVekStager& stager) {
+bool deliverToStandardOutput(const WriterFormat& format, CVekStager& stager, const JobSource* source) {
   const StandardOutputFile file(format.extension);
   const embedded::FileErrorLog log;
   std::string error = file.error();
-  if (error.empty()) error = format.write({stager, file.path(), ""});
+  if (error.empty()) error = format.write({stager, file.path(), "", source});
   if (error.empty()) error = writingError(log, folderOf(file.path()));
   if (error.empty()) error = file.send();
   if (error.empty()) {
@@ -132,7 +133,7 @@ bool deliverToStandardOutput(const WriterFormat& format, CVekStager& stager) {
 }  // namespace
 
 std::string writeWorld(const WriteJob& job) {
-  if (job.stager.GetSceneManager()->GetAssyRoot() == nullptr) return "there is no assembly to write";
+  if (job.stager.GetSceneManager()->GetAssyRoot() == nullptr) return kNoAssembly;
   embedded::ModuleLoader module;
   if (!openModule(module)) return "there is no module to write it";
   if (!module.canWrite()) return "the module cannot write";
@@ -158,12 +159,12 @@ std::string unpackFolderBeside(const std::string& path) {
   return path.empty() || path == "-" ? "" : folderOf(path) + kTextures;
 }
 
-bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager) {
-  if (path == "-") return deliverToStandardOutput(format, stager);
+bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager, const JobSource* source) {
+  if (path == "-") return deliverToStandardOutput(format, stager, source);
   Delivery delivery(path);
   const embedded::FileErrorLog log;
   std::string error = delivery.error();
-  if (error.empty()) error = format.write({stager, delivery.path(), delivery.folder()});
+  if (error.empty()) error = format.write({stager, delivery.path(), delivery.folder(), source});
   if (error.empty()) error = writingError(log, folderOf(delivery.path()));
   if (error.empty()) error = delivery.finish();
   if (error.empty()) {

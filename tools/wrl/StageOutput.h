@@ -19,7 +19,8 @@ namespace wrl {
 [[nodiscard]] std::string unpackFolderBeside(const std::string& path);
 
 /// Writes a file of that format; "-" is standard output, which gets the file alone: what belongs beside it is left out,
-/// and named on standard error. Failures are told on standard error.
-[[nodiscard]] bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager);
+/// and named on standard error. Failures are told on standard error. `source` may be null.
+[[nodiscard]] bool deliverStage(const WriterFormat& format, const std::string& path, CVekStager& stager,
+                                const JobSource* source = nullptr);
 
 }  // namespace wrl
