@@ -111,8 +111,8 @@ class CheckCommand : public Command {
     return error.empty() ? "" : file + ": error: " + error;
   }
 
-  static std::string readEchoing(vrml::SceneGraph& scene, const std::string& path) {
-    const EchoToStandardError echo;
+  std::string readEchoing(vrml::SceneGraph& scene, const std::string& path) const {
+    const EchoToStandardError echo(m_options.quiet);
     return readFileOrSearch(scene, path);
   }
 

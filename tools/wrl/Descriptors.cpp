@@ -31,10 +31,13 @@ void openMissingStandardDescriptors() {
   }
 }
 
-StandardOutputAside::StandardOutputAside() {
+StandardOutputAside::StandardOutputAside(bool isDropped) {
   flushStandardOutput();
   m_saved = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-  if (m_saved != -1) ::dup2(STDERR_FILENO, STDOUT_FILENO);
+  if (m_saved == -1) return;
+  const int nowhere = isDropped ? ::open("/dev/null", O_WRONLY | O_CLOEXEC) : -1;
+  ::dup2(nowhere == -1 ? STDERR_FILENO : nowhere, STDOUT_FILENO);
+  if (nowhere != -1) ::close(nowhere);
 }
 
 StandardOutputAside::~StandardOutputAside() {

@@ -10,11 +10,11 @@ namespace wrl {
 void openMissingStandardDescriptors();
 
 /// While an object of this class lives, everything written to descriptor 1, through C's `stdout` too, goes to
-/// descriptor 2, byte by byte as it was written. Objects nest. No pipe stands in between, so that no amount of text can
-/// block the writer.
+/// descriptor 2, byte by byte as it was written, or nowhere where `isDropped`. Objects nest. No pipe stands in between,
+/// so that no amount of text can block the writer.
 class StandardOutputAside {
  public:
-  StandardOutputAside();
+  explicit StandardOutputAside(bool isDropped = false);
   ~StandardOutputAside();
   StandardOutputAside(const StandardOutputAside&) = delete;
   StandardOutputAside& operator=(const StandardOutputAside&) = delete;

@@ -36,7 +36,9 @@ void gather(const char* text, std::size_t size) {
 
 }  // namespace
 
-EchoToStandardError::EchoToStandardError() { vrml::setEchoSink(gather); }
+EchoToStandardError::EchoToStandardError(bool isDropped) {
+  vrml::setEchoSink(isDropped ? [](const char*, std::size_t) {} : gather);
+}
 
 EchoToStandardError::~EchoToStandardError() {
   flushGathered();

@@ -5,10 +5,10 @@
 namespace wrl {
 
 /// While an object of this class lives, the echo of the front end that is linked into this program goes to standard
-/// error, byte by byte, in blocks. One at a time.
+/// error, byte by byte, in blocks, or nowhere where `isDropped`. One at a time.
 class EchoToStandardError {
  public:
-  EchoToStandardError();
+  explicit EchoToStandardError(bool isDropped = false);
   ~EchoToStandardError();
   EchoToStandardError(const EchoToStandardError&) = delete;
   EchoToStandardError& operator=(const EchoToStandardError&) = delete;

@@ -71,7 +71,7 @@ LoadedScene loadWith(const embedded::ModuleLoader& module, const std::string& pa
   const HostSetUp host(options);
   const ProgressHook hook(progress);
   MessageLog log(options);
-  const StandardOutputAside aside;
+  const StandardOutputAside aside(options.quiet);
   LoadedScene loaded;
   const Clock::time_point start = Clock::now();
   loaded.database = module.loadModel(path);

@@ -235,6 +235,15 @@ TEST_F(Listing, a_quiet_load_speaks_only_when_it_fails) {
       "sglLoadFile_wrl: Error loading: " + path("c.wrl") + "\n\tLine 2, at or about \"\"x\"\"\n\t>>Fog { \"x\" }\n");
 }
 
+TEST_F(Listing, a_quiet_run_leaves_out_what_the_reader_echoes) {
+  const std::string file = m_folder.write("worlds/d.wrl", kHeader + "? Group { }\n");
+  for (const char* command : {"check", "info", "scene"}) {
+    EXPECT_TRUE(runToolWith({command, "--no-stats", file}).err.starts_with("?")) << command;
+    EXPECT_EQ(runToolWith({command, "-q", file}).err, "") << command;
+    EXPECT_TRUE(runToolWith({command, "-q", path("none.wrl")}).err.starts_with("Cannot open")) << command;
+  }
+}
+
 TEST_F(Listing, a_verbose_run_tells_what_it_reads) {
   for (const char* command : {"check", "info", "scene"}) {
     const std::string err = runToolWith({command, "-q", "-v", path("b.wrl")}).err;
