@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Runs every test there is: the unit tests under the address and undefined-behaviour sanitizers with leak detection, the
-# conformance cases and the corpus against that build and the optimised one, and the format of the sources. Works on a
-# bare Debian 12: packages that are missing are installed first. The last line is 'N passed, N failed' over all of it;
-# exit status 1 when any failed.
+# conformance cases and the corpus against that build and the optimised one, each fuzz target for a short while, and the
+# format of the sources. Works on a bare Debian 12: packages that are missing are installed first. The last line is
+# 'N passed, N failed' over all of it; exit status 1 when any failed.
 set -uo pipefail
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 jobs=$(nproc)
@@ -88,6 +88,7 @@ if check "build asan" build asan; then
   runCases asan
   countRunner "damaged worlds, asan" python3 "$root/tests/corpus/damage.py" --wrl "$root/build/asan/bin/wrl"
 fi
+countRunner "fuzz targets" "$root/fuzz/run.sh" 20
 
 heading "all"
 echo "$passed passed, $failed failed"
