@@ -7,8 +7,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
+#include <set>
 #include <span>
+#include <string>
 #include <system_error>
 
 #include "embedded/FileErrors.h"
@@ -79,6 +82,19 @@ Bytes upsideDown(const Raster& raster) {
   return flipped;
 }
 
+// Where a file lies in the end; "" when it is not there.
+std::string placeOf(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path place = std::filesystem::canonical(nativePath(path), error);
+  return error ? "" : place.string();
+}
+
+// Where the images of textures lie.
+std::set<std::string>& placesRead() {
+  static std::set<std::string> places;
+  return places;
+}
+
 }  // namespace
 
 bool readImageFile(const std::string& path, Raster& raster) {
@@ -102,7 +118,13 @@ bool readTextureImage(const std::string& path, sglTexture2D* texture) {
   if (texture == nullptr || !readImageFile(path, raster)) return false;
   if (!texture->setImage(raster.width, raster.height, kFormats[raster.channels], upsideDown(raster))) return false;
   texture->setFileName(path);
+  placesRead().insert(placeOf(path));
   return true;
+}
+
+bool wasReadAsTexture(const std::string& path) {
+  const std::string place = placeOf(path);
+  return !place.empty() && placesRead().contains(place);
 }
 
 }  // namespace embedded

@@ -23,4 +23,7 @@ namespace embedded {
 // `texture` may be null; then nothing is read.
 [[nodiscard]] bool readTextureImage(const std::string& path, sglTexture2D* texture);
 
+// Whether this process has read that file into a texture, under whatever name: for whoever is about to write there.
+[[nodiscard]] bool wasReadAsTexture(const std::string& path);
+
 }  // namespace embedded

@@ -5,6 +5,7 @@
 
 #include "embedded/Paths.h"
 #include "embedded/images/ImageCodecs.h"
+#include "embedded/images/ImageFile.h"
 #include "tools/wrl/Descriptors.h"
 #include "tools/wrl/Output.h"
 
@@ -23,6 +24,7 @@ std::string takeAndWrite(const PictureSource& source, const embedded::PictureVie
   if (!picture.error.empty()) return picture.error;
   std::vector<std::uint8_t> file;
   if (!embedded::writePng(picture.raster, file)) return "no PNG file came of it";
+  if (embedded::wasReadAsTexture(path)) return kImageOfModel;
   if (picture.isEmpty) std::cerr << source.name << ": there is nothing to see\n";
   Output output(path);
   output.stream().write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));

@@ -12,6 +12,9 @@
 
 namespace wrl {
 
+/// Why a picture is not written over an image that has been read.
+inline constexpr const char* kImageOfModel = "is an image of a model that is shown";
+
 /// What is taken a picture of, and what reports call it.
 struct PictureSource {
   std::string name;

@@ -15,11 +15,13 @@
 #include "embedded/FiniteNumbers.h"
 #include "embedded/Paths.h"
 #include "embedded/StageDocument.h"
+#include "embedded/images/ImageFile.h"
 #include "tools/wrl/Delivery.h"
 #include "tools/wrl/Descriptors.h"
 #include "tools/wrl/MeshOutput.h"
 #include "tools/wrl/Module.h"
 #include "tools/wrl/Output.h"
+#include "tools/wrl/PictureOutput.h"
 #include "tools/wrl/TemporaryFolder.h"
 
 namespace wrl {
@@ -166,6 +168,7 @@ bool deliverStage(const WriterFormat& format, const std::string& path, CVekStage
   std::string error = delivery.error();
   if (error.empty()) error = format.write({stager, delivery.path(), delivery.folder(), source});
   if (error.empty()) error = writingError(log, folderOf(delivery.path()));
+  if (error.empty() && embedded::wasReadAsTexture(path)) error = kImageOfModel;
   if (error.empty()) error = delivery.finish();
   if (error.empty()) {
     reportMissing(log, path);

@@ -218,6 +218,28 @@ TEST(RenderCommand, reads_the_images_of_textures_unless_told_not_to) {
   }
 }
 
+TEST(RenderCommand, writes_no_picture_over_an_image_of_the_model) {
+  const fixtures::TempFolder folder;
+  embedded::Raster red;
+  ASSERT_TRUE(embedded::makeRaster(2, 2, 3, red));
+  ASSERT_TRUE(embedded::writeImageFile(folder.path("own.png"), red));
+  const std::string before = folder.read("own.png");
+  const std::string file = folder.write(
+      "own.wrl", kHeader +
+                     "Shape { appearance Appearance { texture ImageTexture { url \"own.png\" } }\n"
+                     "  geometry IndexedFaceSet { coord Coordinate { point [ -1 -1 0, 1 -1 0, 1 1 0 ] }\n"
+                     "  texCoord TextureCoordinate { point [ 0 0, 1 0, 1 1 ] } coordIndex [ 0 1 2 -1 ] } }\n");
+  for (const char* command : {"render", "convert"}) {
+    const ToolResult result = runToolWith({command, "-q", "--to", "png", file});
+    EXPECT_EQ(result.status, ExitStatus::failed);
+    EXPECT_EQ(result.err, folder.path("own.png") + ": error: is an image of a model that is shown\n");
+    EXPECT_EQ(folder.read("own.png"), before);
+  }
+  const std::string plain = folder.write("other.wrl", kHeader + kRedBox);
+  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", "--to", "png", plain}).status, ExitStatus::done);
+  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", "--to", "png", plain}).status, ExitStatus::done);
+}
+
 TEST(RenderCommand, draws_models_of_other_formats) {
   const fixtures::TempFolder folder;
   const std::string file = folder.write("a.wrl", kThreeBoxes);
