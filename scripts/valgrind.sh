@@ -50,7 +50,11 @@ export -f runPart
 start=$(date +%s)
 export build parts leftOut start
 
+# A part that does not come to its end has failed.
 rm -f "$build"/*.count
+for program in "${programs[@]}"; do
+  for ((part = 0; part < parts; ++part)); do echo "0 1" >"$build/$program.$part.count"; done
+done
 for ((part = 0; part < parts; ++part)); do printf "%s $part\n" "${programs[@]}"; done |
   xargs -P "$(nproc)" -L 1 bash -c 'runPart "$@"' runPart
 cat "$build"/*.count | {
