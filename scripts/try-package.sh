@@ -57,6 +57,11 @@ if inside wrl --help | grep -qE "^ +render "; then
   [ "$(head -c 4 "$clean/srv/garden.png" | tail -c 3)" = PNG ] || { echo "no picture" >&2; exit 1; }
   echo "a picture of $(stat -c %s "$clean/srv/garden.png") bytes"
 fi
+echo "== a page"
+inside wrl convert -q /srv/garden.wrl /srv/garden.html
+grep -q '<title>Garden</title>' "$clean/srv/garden.html" || { echo "no page" >&2; exit 1; }
+grep -q 'three.js authors' "$clean/usr/share/doc/wrl/copyright" || { echo "no licence of the viewer" >&2; exit 1; }
+echo "a page of $(stat -c %s "$clean/srv/garden.html") bytes"
 echo "== removed again"
 inside apt-get purge -q -y wrl >/dev/null 2>&1
 left=$(inside find /usr -path '*wrl*' -o -name 'libvekhost*')
