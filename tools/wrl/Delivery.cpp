@@ -7,10 +7,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <system_error>
 
 #include "embedded/FileCopy.h"
@@ -38,6 +41,15 @@ int moveFile(const std::string& from, const std::string& to, const std::string& 
   if (error == 0 && std::rename(spare.c_str(), to.c_str()) != 0) error = errno;
   if (error != 0) ::unlink(spare.c_str());
   return error;
+}
+
+bool hasSameContent(const std::string& path, const std::string& other) {
+  using Bytes = std::istreambuf_iterator<char>;
+  std::error_code error;
+  if (fs::file_size(path, error) != fs::file_size(other, error)) return false;
+  std::ifstream in(path, std::ios::binary);
+  std::ifstream otherIn(other, std::ios::binary);
+  return std::equal(Bytes(in), Bytes(), Bytes(otherIn), Bytes());
 }
 
 }  // namespace
@@ -141,6 +153,8 @@ std::string Delivery::place(Move& move) {
   struct stat status {};
   if (::lstat(move.to.c_str(), &status) == 0) {
     if (S_ISDIR(status.st_mode)) return messageOf(EISDIR);
+    const std::string name = move.from.substr(m_privateFolder.size());
+    if (name.find('/') != std::string::npos && !hasSameContent(move.from, move.to)) m_replaced.push_back(name);
     const std::string backup = spare + ".old";
     if (const int error = keepAs(move.to, backup); error != 0) return messageOf(error);
     move.backup = backup;

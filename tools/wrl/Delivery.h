@@ -36,6 +36,10 @@ class Delivery {
   /// Moves everything to its place; why that failed, or "". To be called once, when all of it has been written.
   [[nodiscard]] std::string finish();
 
+  /// The further files, in folders beside the output, that took the place of others with other content, by their names
+  /// from there. Known after `finish()`.
+  [[nodiscard]] const std::vector<std::string>& replaced() const { return m_replaced; }
+
  private:
   struct Move {
     std::string from;
@@ -59,6 +63,7 @@ class Delivery {
   std::vector<std::string> m_subfolders;   // of the private folder, by their relative names
   std::vector<std::string> m_madeFolders;  // at the place
   std::vector<Move> m_moves;
+  std::vector<std::string> m_replaced;
 };
 
 }  // namespace wrl

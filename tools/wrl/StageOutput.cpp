@@ -172,6 +172,9 @@ bool deliverStage(const WriterFormat& format, const std::string& path, CVekStage
   if (error.empty()) error = delivery.finish();
   if (error.empty()) {
     reportMissing(log, path);
+    for (const std::string& name : delivery.replaced()) {
+      std::cerr << path << ": note: " << name << " takes the place of another file\n";
+    }
   } else {
     std::cerr << path << ": error: " << error << '\n';
   }

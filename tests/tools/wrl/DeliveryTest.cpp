@@ -52,8 +52,10 @@ TEST(Delivery, brings_a_file_and_what_belongs_to_it) {
     put(delivery.privateFolder() + "Textures/old.jpg", "new");
     put(delivery.privateFolder() + "Textures/more/new.jpg", "new");
     fs::create_directory(delivery.privateFolder() + "Empty");
+    put(delivery.privateFolder() + "Textures/kept.jpg", "kept");
     EXPECT_EQ(folder.read("a.wrl"), "old");
     EXPECT_EQ(delivery.finish(), "");
+    EXPECT_EQ(delivery.replaced(), std::vector<std::string>{"Textures/old.jpg"});
   }
   const Content expected = {{"a.wrl", "new"},           {"Empty/", ""},
                             {"Textures/", ""},          {"Textures/kept.jpg", "kept"},

@@ -190,6 +190,17 @@ TEST(MeshConvert, textures_inside_a_model_reach_every_output) {
   EXPECT_TRUE(holds(folder.read("c.glb"), folder.read("first.png")));
 }
 
+TEST(MeshConvert, a_texture_in_the_place_of_another_is_named) {
+  const fixtures::TempFolder folder;
+  writeTexturedGlb(folder, "third.png");
+  std::filesystem::create_directories(folder.path("o/Textures"));
+  folder.write("o/Textures/a_0.png", "another");
+  const std::vector<std::string> arguments = {"convert", folder.path("a.glb"), folder.path("o/b.obj")};
+  EXPECT_EQ(runToolWith(arguments).err,
+            folder.path("o/b.obj") + ": note: Textures/a_0.png takes the place of another file\n");
+  EXPECT_EQ(runToolWith(arguments).err, "");
+}
+
 TEST(MeshConvert, textures_inside_a_model_are_left_out_of_a_printed_document) {
   const fixtures::TempFolder folder;
   writeTexturedGlb(folder, "second.png");
