@@ -46,7 +46,8 @@ void SFRotation::appendVrml(std::string& out, bool escapes) const { formatVrml(o
 
 SFRotation::Value SFRotation::stored(const Value& value) noexcept {
   const double length = axisLength(value);
-  if (length == 0.0 || std::fabs(length - 1.0) <= kUnitTolerance) return value;
+  const bool hasDirection = length > 0.0 && std::isfinite(length);
+  if (!hasDirection || std::fabs(length - 1.0) <= kUnitTolerance) return value;
   const auto scaled = [length](float component) { return static_cast<float>(component / length); };
   return {scaled(value[0]), scaled(value[1]), scaled(value[2]), value[3]};
 }

@@ -48,9 +48,9 @@ class SFRotation final : public Field {
   /// Negates the angle.
   void invert() noexcept { m_angle = -m_angle; }
 
-  /// The value with its axis normalised, as every set makes it. An axis of length 0 stays, and so does one of unit
-  /// length to within 2e-6: normalising that once more would change its last digits each time a file is read and
-  /// written.
+  /// The value with its axis normalised, as every set makes it. An axis of length 0 stays, one without a finite length
+  /// does, and so does one of unit length to within 2e-6: normalising that once more would change its last digits each
+  /// time a file is read and written.
   [[nodiscard]] static Value stored(const Value& value) noexcept;
 
   /// What stays of a value that was printed with "%g" and read again; printing that gives the same text from then on.

@@ -37,6 +37,16 @@ TEST(SFRotation, keeps_a_zero_axis) {
   EXPECT_EQ(field.getValue(), (Value{0, 0, 0, 1}));
 }
 
+TEST(SFRotation, keeps_an_axis_without_a_finite_length) {
+  SFRotation field;
+  for (const char* text : {"0 0 inf 5", "0 -inf 1 5", "1 0 nan 5"}) {
+    field.setValue(text);
+    std::string printed;
+    field.appendText(printed);
+    EXPECT_EQ(printed, text);
+  }
+}
+
 TEST(SFRotation, takes_an_axis_that_is_of_unit_length_as_it_stands) {
   const Value near{0.577350f, 0.577350f, 0.577351f, 1};
   EXPECT_EQ(SFRotation(near).getValue(), near);
