@@ -79,8 +79,6 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What draws pictures where there is no graphics card; it is opened at run time.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS libgl1-mesa-dri)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 # Opened at run time by the library that is linked, where there is no graphics card: pictures want it, nothing else does.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS libgl1-mesa-dri)
