@@ -31,7 +31,7 @@ report() { # OPTION...
 }
 
 figures() { # TITLE OPTION...
-  printf '%-12s %s\n' "$1" "$(report "${@:2}" --print-summary -o /dev/null | grep -E '^(lines|branches)' | tr '\n' ' ')"
+  printf '%-12s %s\n' "$1" "$(report "${@:2}" --print-summary -o "$build/files.txt" | grep -E '^(lines|branches)' | tr '\n' ' ')"
 }
 
 "$root/scripts/install-packages.sh" build test coverage || exit 2
