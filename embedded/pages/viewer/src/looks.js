@@ -14,7 +14,7 @@ const AMBIENT = 0.06;  // comes back from every surface, whatever its colour
 // The lamps, to be hung on a camera.
 export function lamps() {
   return LAMPS.map(({towards, strength}) => {
-    // A surface throws the part 1/pi of what reaches it to the eye.
+    // Of the light that reaches a surface, 1/pi goes to the eye.
     const lamp = new DirectionalLight(0xffffff, strength * Math.PI);
     lamp.position.set(...towards);
     lamp.add(lamp.target);
