@@ -8,6 +8,7 @@
 #include "embedded/images/ImageFile.h"
 #include "tools/wrl/Descriptors.h"
 #include "tools/wrl/Output.h"
+#include "tools/wrl/PictureMark.h"
 
 namespace wrl {
 
@@ -25,6 +26,7 @@ std::string takeAndWrite(const PictureSource& source, const embedded::PictureVie
   std::vector<std::uint8_t> file;
   if (!embedded::writePng(picture.raster, file)) return "no PNG file came of it";
   if (embedded::wasReadAsTexture(path)) return kImageOfModel;
+  markPicture(file);
   if (picture.isEmpty) std::cerr << source.name << ": there is nothing to see\n";
   Output output(path);
   output.stream().write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));

@@ -9,9 +9,11 @@
 #include "embedded/JsonWriter.h"
 #include "tools/wrl/Arguments.h"
 #include "tools/wrl/FileCount.h"
+#include "tools/wrl/Formats.h"
 #include "tools/wrl/Input.h"
 #include "tools/wrl/InputFiles.h"
 #include "tools/wrl/Output.h"
+#include "tools/wrl/PictureMark.h"
 
 namespace wrl {
 
@@ -31,6 +33,13 @@ std::string placeOf(const std::string& file) {
   std::error_code error;
   const fs::path place = fs::weakly_canonical(fs::absolute(file, error), error);
   return error ? file : place.string();
+}
+
+// An image that is there already may be a texture of a world that has not been read yet.
+bool isForeignPicture(const std::string& file) {
+  const WriterFormat* const format = writerOf(file);
+  std::error_code error;
+  return format != nullptr && format->extension == "png" && fs::exists(file, error) && !isMarkedPicture(file);
 }
 
 }  // namespace
@@ -128,6 +137,7 @@ bool WritingCommand::writeBeside(const std::string& file, const std::string& tar
 std::string WritingCommand::takePlace(const std::string& file, const std::string& target) {
   const std::string place = placeOf(target);
   if (m_sources.contains(place)) return target + ": error: is one of the files to read";
+  if (isForeignPicture(target)) return target + ": error: is there already, and no picture of wrl's";
   const auto& [owner, isFree] = m_targets.emplace(place, file);
   if (isFree || placeOf(owner->second) == placeOf(file)) return "";
   return target + ": error: is the place of " + owner->second;

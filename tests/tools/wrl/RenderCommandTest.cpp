@@ -230,14 +230,25 @@ TEST(RenderCommand, writes_no_picture_over_an_image_of_the_model) {
                      "  geometry IndexedFaceSet { coord Coordinate { point [ -1 -1 0, 1 -1 0, 1 1 0 ] }\n"
                      "  texCoord TextureCoordinate { point [ 0 0, 1 0, 1 1 ] } coordIndex [ 0 1 2 -1 ] } }\n");
   for (const char* command : {"render", "convert"}) {
-    const ToolResult result = runToolWith({command, "-q", "--to", "png", file});
+    const ToolResult result = runToolWith({command, "-q", file, folder.path("own.png")});
     EXPECT_EQ(result.status, ExitStatus::failed);
     EXPECT_EQ(result.err, folder.path("own.png") + ": error: is an image of a model that is shown\n");
     EXPECT_EQ(folder.read("own.png"), before);
   }
-  const std::string plain = folder.write("other.wrl", kHeader + kRedBox);
-  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", "--to", "png", plain}).status, ExitStatus::done);
-  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", "--to", "png", plain}).status, ExitStatus::done);
+}
+
+TEST(RenderCommand, writes_one_of_many_pictures_over_no_image_but_a_picture_of_its_own) {
+  const fixtures::TempFolder folder;
+  const std::string world = folder.write("a.wrl", "#VRML V2.0 utf8\nShape { geometry Box { } }\n");
+  const std::string picture = folder.write("a.png", "a texture of a world that is yet to come");
+  for (const char* command : {"render", "convert"}) {
+    const ToolResult result = runToolWith({command, "-q", "--to", "png", world});
+    EXPECT_EQ(result.status, ExitStatus::failed);
+    EXPECT_EQ(result.err, picture + ": error: is there already, and no picture of wrl's\n");
+    EXPECT_EQ(folder.read("a.png"), "a texture of a world that is yet to come");
+  }
+  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", world, picture}).status, ExitStatus::done);
+  EXPECT_EQ(runToolWith({"render", "-q", "--size", "8x8", "--to", "png", world}).status, ExitStatus::done);
 }
 
 TEST(RenderCommand, draws_models_of_other_formats) {
