@@ -85,8 +85,7 @@ WorldViews worldViewsOf(const vrml::SceneGraph& scene, embedded::UpAxis up, std:
     if (const auto* info = dynamic_cast<const vrml::WorldInfoNode*>(node)) {
       if (world.title.empty()) world.title = info->getTitle();
     } else if (const auto* viewpoint = dynamic_cast<const vrml::ViewpointNode*>(node)) {
-      ++number;
-      if (world.views.size() == mostViews) continue;
+      if (++number > mostViews) continue;
       std::optional<embedded::PageView> view = viewOf(*viewpoint, turn);
       if (!view) continue;
       view->name = viewpointName(*viewpoint);

@@ -22,7 +22,7 @@ struct WorldViews {
   std::vector<embedded::PageView> views;
 };
 
-/// The title of a world and its viewpoints in the order of the file, `mostViews` of them; where each stands by the
+/// The title of a world and its first `mostViews` viewpoints in the order of the file; where each stands by the
 /// Transforms around it. `up` is the axis that is up in the world. A viewpoint without finite numbers is left out.
 [[nodiscard]] WorldViews worldViewsOf(const vrml::SceneGraph& scene, embedded::UpAxis up, std::size_t mostViews);
 

@@ -71,6 +71,9 @@ TEST(WorldViews, leave_out_what_is_no_place_and_what_is_too_many) {
   EXPECT_TRUE(viewsOf("Transform { scale 0 0 0 children Viewpoint { } }").views.empty());
   EXPECT_EQ(viewsOf("Viewpoint { orientation 0 0 0 1 fieldOfView -1 }").views.at(0).fovRadians, 0.78539816339744828);
   EXPECT_EQ(viewsOf("Viewpoint { } Viewpoint { } Viewpoint { }", embedded::UpAxis::Y, 2).views.size(), 2U);
+  // Those that are left out count: each costs a walk over what is around it.
+  const std::string nowhere = "Transform { scale 0 0 0 children [ Viewpoint { } Viewpoint { } ] }";
+  EXPECT_TRUE(viewsOf(nowhere + " Viewpoint { }", embedded::UpAxis::Y, 2).views.empty());
 }
 
 }  // namespace
