@@ -3,7 +3,9 @@
 
 #include "tools/wrl/PageOutput.h"
 
+#include <filesystem>
 #include <sstream>
+#include <system_error>
 #include <utility>
 
 #include "embedded/AssemblyWalk.h"
@@ -21,7 +23,8 @@ namespace wrl {
 
 namespace {
 
-constexpr std::size_t kMostViews = 200;  // more buttons than anybody looks through
+constexpr std::size_t kMostViews = 200;     // more buttons than anybody looks through
+constexpr std::size_t kMostMessages = 500;  // a broken world has one for each shape
 
 void append(std::vector<embedded::PageView>& views, std::vector<embedded::PageView> more) {
   views.insert(views.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
@@ -30,6 +33,30 @@ void append(std::vector<embedded::PageView>& views, std::vector<embedded::PageVi
 std::string withoutLineEnd(std::string text) {
   text.erase(text.find_last_not_of("\r\n") + 1);
   return text;
+}
+
+// A page goes to others, whom the author's folders do not concern.
+std::string withoutFolder(std::string text, const std::string& folder) {
+  if (folder.size() <= 1) return text;
+  for (std::size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at)) {
+    text.erase(at, folder.size());
+  }
+  return text;
+}
+
+void append(std::vector<std::string>& messages, const std::vector<std::string>& more, const WriteJob& job) {
+  const bool isFile = job.source != nullptr && !isStandardInput(job.source->file);
+  std::error_code error;
+  const std::string from =
+      isFile ? embedded::folderOf(std::filesystem::absolute(job.source->file, error).string()) : "";
+  for (const std::string& message : more) messages.push_back(withoutFolder(withoutLineEnd(message), from));
+}
+
+void cutOff(std::vector<std::string>& messages) {
+  if (messages.size() <= kMostMessages) return;
+  const std::size_t more = messages.size() - kMostMessages;
+  messages.resize(kMostMessages);
+  messages.push_back("and " + std::to_string(more) + " more");
 }
 
 embedded::PageContent contentOf(const WriteJob& job) {
@@ -41,7 +68,7 @@ embedded::PageContent contentOf(const WriteJob& job) {
   const JobSource& source = *job.source;
   content.file = isStandardInput(source.file) ? "" : embedded::fileNameOf(source.file);
   content.title = content.file;
-  for (const std::string& message : source.messages) content.messages.push_back(withoutLineEnd(message));
+  append(content.messages, source.messages, job);
   if (readerOf(source.file)->read != readWorld) return content;
   WorldViews world = readWorldViews(source.file, source.options, kMostViews);
   append(content.views, std::move(world.views));
@@ -62,7 +89,8 @@ std::string writePage(const WriteJob& job) {
     return "the model is too large for a page, which ends at 256 MiB";
   embedded::PageContent content = contentOf(job);
   if (content.title.empty()) content.title = embedded::fileNameOf(job.path);
-  content.messages.insert(content.messages.end(), notes.all().begin(), notes.all().end());
+  append(content.messages, notes.all(), job);
+  cutOff(content.messages);
   Output output(job.path);
   embedded::writePage(embedded::pageTemplate(), content, glb.view(), output.stream());
   if (!output.finish()) return output.reason();

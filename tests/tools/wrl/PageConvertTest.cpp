@@ -51,6 +51,28 @@ TEST_F(PageConvert, has_the_title_the_viewpoints_and_the_messages_of_a_world) {
             std::vector<std::string>{"IndexedFaceSet: 1 faces with coordinate indices out of range ignored."});
 }
 
+TEST_F(PageConvert, says_what_was_wrong_without_the_folders_of_its_author) {
+  convert(
+      {"--textures",
+       folder.write(
+           "a.wrl",
+           "#VRML V2.0 utf8\nShape { appearance Appearance { texture ImageTexture { url \"gone.png\" } }\n"
+           "geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } coordIndex [ 0 1 2 ] } }\n"),
+       folder.path("a.html")});
+  const std::string messages = contentOf("a.html")["messages"].dump();
+  EXPECT_NE(messages.find("gone.png"), std::string::npos) << messages;
+  EXPECT_EQ(messages.find(folder.path("")), std::string::npos) << messages;
+}
+
+TEST_F(PageConvert, holds_the_first_of_very_many_messages) {
+  std::string world = "#VRML V2.0 utf8\nShape { geometry Box { } }\n";
+  for (int i = 0; i < 600; ++i) world += "Shape { geometry IndexedFaceSet { coordIndex [ 0 1 2 -1 ] } }\n";
+  convert({folder.write("a.wrl", world), folder.path("a.html")});
+  const nlohmann::json messages = contentOf("a.html")["messages"];
+  EXPECT_EQ(messages.size(), 501U);
+  EXPECT_EQ(messages.back(), "and 100 more");
+}
+
 TEST_F(PageConvert, holds_the_model_as_binary_gltf) {
   folder.write("a.wrl", kWorld);
   convert({folder.path("a.wrl"), folder.path("a.html")});
