@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Runs the module's own unit tests under valgrind's memcheck, on every core: it finds reads of memory that was never written,
-# which gcc's sanitizers do not see, and leaks, in the code as it is delivered. The last line is 'N passed, N failed' over the
-# tests, where what memcheck complains of in one part of a program counts as one failure; exit status 1 when any failed. Takes
-# minutes. Works on a bare Debian 12: packages that are missing are installed.
+# which gcc's sanitizers do not see, and leaks, in optimised code; nodes come from the usual allocator, so that it sees each. The
+# last line is 'N passed, N failed' over the tests, where what memcheck complains of in one part of a program counts as one
+# failure; exit status 1 when any failed. Takes minutes. Works on a bare Debian 12: packages that are missing are installed.
 #
 # usage: scripts/valgrind.sh [PROGRAM...]      test_image and the like; all of the module's own by default
 set -uo pipefail

@@ -9,7 +9,9 @@ void* NodePool::allocateInNewChunk(std::size_t size) {
   if (size > kChunkSize - sizeof(Chunk)) throw std::bad_alloc();
   void* const memory = ::operator new (kChunkSize, std::align_val_t{kChunkSize});
   // Most worlds need no second chunk, and of the first only what they touch.
+#ifdef MADV_HUGEPAGE
   if (s_chunkCount > 0) static_cast<void>(madvise(memory, kChunkSize, MADV_HUGEPAGE));
+#endif
   ++s_chunkCount;
   s_chunk = new (memory) Chunk{0};
   startOver();

@@ -8,7 +8,8 @@
 //
 // Not for several threads at once, as the reading of a file is not.
 //
-// Under the address sanitizer each block comes from the usual allocator, so that the sanitizer sees every single one.
+// Under the address sanitizer, and where WRL_SINGLE_BLOCKS is defined, each block comes from the usual allocator, so
+// that a checker of memory sees every single one.
 
 #include <cstddef>
 #include <cstdint>
