@@ -65,7 +65,8 @@ if(viewer_licence)
 endif()
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/copyright" CONTENT "${copyright}" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}" FILES_MATCHING PATTERN "*.md")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 # The Debian package. What it depends on is asked of the built files.
