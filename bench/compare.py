@@ -73,6 +73,16 @@ class Bench:
                     break
         return self.done[key]
 
+    def grow(self, work, name, double):
+        """The product's figures for an input and for its double, measured in turn, so that both meet the same machine."""
+        inputs = [(name, Figures()), (double, Figures())]
+        for _ in range(self.args.rounds):
+            for which, figures in inputs:
+                commands = self.commands(work, which)
+                if not commands or not measure(*commands[1], figures):
+                    return None
+        return [figures for _, figures in inputs]
+
 
 # Work, input, and what of the yardstick's time is aimed at.
 SPEED = [
@@ -103,8 +113,9 @@ def speed_rows(bench, chosen):
 
 def growth_rows(bench, chosen):
     for work, name, double, aim in filter(chosen, GROWTH):
-        small, large = (bench.run(work, which)[1] for which in (name, double))
-        if small and large:
+        pair = bench.grow(work, name, double)
+        if pair:
+            small, large = pair
             ratio = statistics.median(large.cpu) / statistics.median(small.cpu)
             yield work, f"{double} to {name}", f"{ratio:.2f}", f"{aim}"
 
