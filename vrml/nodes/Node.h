@@ -90,17 +90,11 @@ class Node : public LinkedListNode<Node>, public Pooled {
   // values may be made once for all of them.
   [[nodiscard]] bool sharesValues() const noexcept { return m_data && m_data->isShared(); }
 
-  // Hints for a walk that comes to many references whose sources lie anywhere in memory: that the values of this node,
-  // and once these are there the node that they belong to, will be wanted soon.
-  void prefetchData() const noexcept { __builtin_prefetch(m_data); }
-  // The node itself and the values that, when it was made, came to lie behind it.
+  // A hint that this node will be wanted soon, with the values that came to lie behind it when it was made.
   void prefetch() const noexcept {
     constexpr std::size_t kCacheLine = 64;
     const char* const start = reinterpret_cast<const char*>(this);
     for (std::size_t i = 0; i < 3; ++i) __builtin_prefetch(start + i * kCacheLine);
-  }
-  void prefetchSource() const noexcept {
-    if (m_data) __builtin_prefetch(m_data->owner());
   }
 
   // ---- fields

@@ -174,20 +174,9 @@ SceneGraph::NodePlace SceneGraph::placeOf(const Node& node) {
   for (std::size_t i = m_nextPlace; i < m_places.size(); ++i)
     if (m_places[i].node == &node) {
       m_nextPlace = i + 1;
-      prefetchBeyond(i);
       return m_places[i];
     }
   return {&node, 0, 0};
-}
-
-// Resolving a hundred thousand references to sources that lie all over the memory is a matter of cache misses, so those
-// to come are brought in ahead: their values first, a few references later the sources behind these.
-void SceneGraph::prefetchBeyond(std::size_t place) const {
-  constexpr std::size_t kDataAhead = 10;
-  constexpr std::size_t kSourceAhead = 5;
-  if (place + kDataAhead >= m_places.size()) return;
-  m_places[place + kDataAhead].node->prefetchData();
-  m_places[place + kSourceAhead].node->prefetchSource();
 }
 
 // ---- Inline

@@ -78,7 +78,6 @@ class SceneGraph : public Parser {
   bool replaceByCopy(Node*& node, bool& isReplaced);
   void noteOnce(NoteKind kind, const Node& node, int line);
   [[nodiscard]] NodePlace placeOf(const Node& node);
-  void prefetchBeyond(std::size_t place) const;
   bool loadInline(Node& node);
   void takeNotes(const SceneGraph& inlined, const std::string& path);
   bool readInline(Node& node, FileText text, const std::string& path, const NodePlace& place);
