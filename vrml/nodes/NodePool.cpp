@@ -24,6 +24,7 @@ void NodePool::startOver() noexcept {
 }
 
 void NodePool::releaseChunk(Chunk* chunk) noexcept {
+  if (s_spareSize != kNoSpare && chunkOf(s_spare) == chunk) s_spareSize = kNoSpare;
   if (chunk == s_chunk) return startOver();
   ::operator delete (chunk, std::align_val_t{kChunkSize});
   --s_chunkCount;

@@ -3,8 +3,9 @@
 // Where nodes and their values lie. A file makes them by the hundred thousand and in the order in which everything
 // walks over them later, so they are cut one behind the other from large chunks: making one moves a mark, giving one
 // back counts down, and a walk finds what belongs together side by side. A chunk goes back to the system as a whole,
-// when nothing in it is left; what is given back before that is not used again. A tree that is taken apart, as every
-// tree is at the end of its load, leaves one empty chunk.
+// when nothing in it is left. Of what is given back before that only one block is used again: until another one is
+// given back, the next of its size takes it. A node that takes the place of another then lies where that one did, or
+// near. A tree that is taken apart, as every tree is at the end of its load, leaves one empty chunk.
 //
 // Not for several threads at once, as the reading of a file is not.
 //
@@ -34,7 +35,8 @@ class NodePool {
 
   /// A block of `size` bytes, aligned for anything that needs no more than a pointer does. Throws std::bad_alloc.
   [[nodiscard]] static void* allocate(std::size_t size) {
-    const std::size_t needed = (size + kAlignment - 1) / kAlignment * kAlignment;
+    const std::size_t needed = roundUp(size);
+    if (needed == s_spareSize) return takeSpare();
     if (needed > s_room) return allocateInNewChunk(needed);
     std::byte* const block = s_free;
     s_free += needed;
@@ -43,11 +45,13 @@ class NodePool {
     return block;
   }
 
-  /// Gives back a block that came from allocate(). Null is nothing.
-  static void release(void* block) noexcept {
+  /// Gives back a block of `size` bytes that came from allocate(). Null is nothing.
+  static void release(void* block, std::size_t size) noexcept {
     if (!block) return;
     Chunk* const chunk = chunkOf(block);
-    if (--chunk->blocks == 0) releaseChunk(chunk);
+    if (--chunk->blocks == 0) return releaseChunk(chunk);
+    s_spare = block;
+    s_spareSize = roundUp(size);
   }
 
   /// The chunks that are taken from the system at the moment.
@@ -67,6 +71,14 @@ class NodePool {
     std::size_t blocks;
   };
 
+  [[nodiscard]] static constexpr std::size_t roundUp(std::size_t size) noexcept {
+    return (size + kAlignment - 1) / kAlignment * kAlignment;
+  }
+  [[nodiscard]] static void* takeSpare() noexcept {
+    ++chunkOf(s_spare)->blocks;
+    s_spareSize = kNoSpare;
+    return s_spare;
+  }
   [[nodiscard]] static Chunk* chunkOf(void* block) noexcept {
     const auto offset = reinterpret_cast<std::uintptr_t>(block) % kChunkSize;
     return reinterpret_cast<Chunk*>(static_cast<std::byte*>(block) - offset);
@@ -79,6 +91,9 @@ class NodePool {
   static inline std::byte* s_free = nullptr;
   static inline std::size_t s_room = 0;
   static inline std::size_t s_chunkCount = 0;
+  static constexpr std::size_t kNoSpare = static_cast<std::size_t>(-1);
+  static inline std::size_t s_spareSize = kNoSpare;
+  static inline void* s_spare = nullptr;  // the block given back last; its chunk holds others still
 };
 
 /// Base of what lies in the pool: `new` and `delete` of every class derived from it go there.
@@ -86,7 +101,7 @@ class Pooled {
  public:
 #ifndef WRL_SINGLE_BLOCKS
   static void* operator new(std::size_t size) { return NodePool::allocate(size); }
-  static void operator delete(void* block) noexcept { NodePool::release(block); }
+  static void operator delete(void* block, std::size_t size) noexcept { NodePool::release(block, size); }
 #endif
 
  protected:

@@ -31,15 +31,19 @@ class Blocks {
   Blocks(const Blocks&) = delete;
   Blocks& operator=(const Blocks&) = delete;
 
-  void* take(std::size_t size = kSize) { return m_blocks.emplace_back(NodePool::allocate(size)); }
+  void* take(std::size_t size = kSize) { return m_blocks.emplace_back(Block{NodePool::allocate(size), size}).start; }
   void releaseLast() {
-    NodePool::release(m_blocks.back());
+    NodePool::release(m_blocks.back().start, m_blocks.back().size);
     m_blocks.pop_back();
   }
   void shuffle() { std::shuffle(m_blocks.begin(), m_blocks.end(), std::mt19937(1)); }
 
  private:
-  std::vector<void*> m_blocks;
+  struct Block {
+    void* start;
+    std::size_t size;
+  };
+  std::vector<Block> m_blocks;
 };
 
 std::uintptr_t addressOf(const void* block) { return reinterpret_cast<std::uintptr_t>(block); }
@@ -101,8 +105,40 @@ TEST(NodePool, AnEmptiedChunkIsCutAnew) {
 
 TEST(NodePool, TakingAndGivingBackDoesNotGrow) {
   const std::size_t before = NodePool::countChunks();
-  for (std::size_t i = 0; i < 20 * kPerChunk; ++i) NodePool::release(NodePool::allocate(kSize));
+  for (std::size_t i = 0; i < 20 * kPerChunk; ++i) NodePool::release(NodePool::allocate(kSize), kSize);
   EXPECT_LE(NodePool::countChunks(), before + 1);
+}
+
+TEST(NodePool, TheBlockGivenBackLastIsTakenNext) {
+  Blocks blocks;
+  blocks.take();
+  const void* const last = blocks.take();
+  blocks.releaseLast();
+  const std::size_t bytes = NodePool::fill().bytes;
+  EXPECT_EQ(blocks.take(), last);
+  EXPECT_EQ(NodePool::fill().bytes, bytes);
+  EXPECT_NE(blocks.take(), last) << "it is taken once";
+}
+
+TEST(NodePool, ABlockOfAnotherSizeIsNotTaken) {
+  Blocks blocks;
+  blocks.take();
+  const std::uintptr_t last = addressOf(blocks.take());
+  blocks.releaseLast();
+  EXPECT_EQ(addressOf(blocks.take(kSize + 8)), last + kSize);
+}
+
+TEST(NodePool, ABlockOfAChunkThatHasGoneIsNotTaken) {
+  {
+    Blocks blocks;
+    blocks.take();
+    blocks.take();
+  }
+  // The chunk is cut anew from its start, so two blocks cannot be one.
+  Blocks blocks;
+  const std::uintptr_t first = addressOf(blocks.take());
+  EXPECT_EQ(addressOf(blocks.take()), first + kSize);
+  EXPECT_EQ(addressOf(blocks.take()), first + 2 * kSize);
 }
 
 TEST(NodePool, AFullChunkTakesNoMore) {
@@ -119,7 +155,7 @@ TEST(NodePool, AFullChunkTakesNoMore) {
 
 TEST(NodePool, WhatFitsNoChunkIsRefused) {
   EXPECT_THROW(static_cast<void>(NodePool::allocate(NodePool::kChunkSize)), std::bad_alloc);
-  EXPECT_NO_THROW(NodePool::release(nullptr));
+  EXPECT_NO_THROW(NodePool::release(nullptr, kSize));
 }
 
 #ifndef WRL_SINGLE_BLOCKS
