@@ -12,13 +12,13 @@ namespace vrml {
 /// The parts of a transform that few files give.
 struct TransformRare {
   Named<SFVec3f> center{"center", 0.0f, 0.0f, 0.0f};
-  Named<SFRotation> scaleOrientation{"scaleOrientation", 0.0f, 0.0f, 1.0f, 0.0f};
+  Named<SFRotation> scaleOrientation{"scaleOrientation"};
 };
 
 struct TransformData : GroupingData {
   Named<SFVec3f> translation{"translation", 0.0f, 0.0f, 0.0f};
   Named<SFVec3f> scale{"scale", 1.0f, 1.0f, 1.0f};
-  Named<SFRotation> rotation{"rotation", 0.0f, 0.0f, 1.0f, 0.0f};
+  Named<SFRotation> rotation{"rotation"};
   Rare<TransformRare> rare;
 };
 
