@@ -161,6 +161,7 @@ class Lexer {
   void readDefHeader();
   bool readDefHeaderInPlace();
   void readUse();
+  void prefetchNextUse() const noexcept;
   void readProto();
   bool readProtoBody(std::string& body);
   void readRoute();

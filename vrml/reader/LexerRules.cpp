@@ -175,6 +175,22 @@ void Lexer::readUse() {
   else
     while (isNameChar(*m_at)) ++m_at;
   m_parser->setUse({name, static_cast<std::size_t>(m_at - name)}, line());
+  if (m_parser->hasManyNames()) prefetchNextUse();
+}
+
+// Says which name the next USE will ask for, when one stands near: its node comes while the text up to there is
+// scanned. What only looks like a USE, in a string or a comment, makes a hint for nothing.
+void Lexer::prefetchNextUse() const noexcept {
+  constexpr std::string_view kUse = "USE";
+  constexpr std::size_t kNear = 1024;
+  const std::string_view ahead(m_at, std::min<std::size_t>(kNear, static_cast<std::size_t>(m_end - m_at)));
+  const std::size_t word = ahead.find(kUse);
+  if (word == std::string_view::npos) return;
+  std::size_t name = word + kUse.size();
+  while (name < ahead.size() && isBlank(ahead[name])) ++name;
+  std::size_t end = name;
+  while (end < ahead.size() && isNameChar(ahead[end])) ++end;
+  m_parser->prefetchUse(ahead.substr(name, end - name));
 }
 
 // ---- ROUTE

@@ -33,8 +33,15 @@ Node* NameIndex::find(std::string_view name, const Node& root) {
   if (m_count == 0) return nullptr;
   const std::uint32_t hash = hashOf(name);
   // Who asks for a node goes on to its values: they come while the names are compared.
-  if (const Node* const likely = m_defs[hash & (m_defs.size() - 1)].node) likely->prefetch();
+  Node::prefetch(homeOf(hash).node);
   return placeOf(name, hash).node;
+}
+
+void NameIndex::prefetch(std::string_view name) const noexcept {
+  if (m_isStale || m_count == 0) return;
+  const Def& home = homeOf(hashOf(name));
+  __builtin_prefetch(m_names.data() + home.name);
+  Node::prefetch(home.node);
 }
 
 std::uint32_t NameIndex::hashOf(std::string_view name) noexcept {

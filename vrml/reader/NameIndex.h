@@ -38,10 +38,20 @@ class NameIndex {
 
   /// The first bearer of the name below `root`; null when there is none.
   [[nodiscard]] Node* find(std::string_view name, const Node& root);
+  /// A hint that a name will be looked up soon: what most likely bears it is brought in meanwhile. Stands in a file of
+  /// its own, apart from who calls it, because a compiler that saw both would leave it out as doing nothing.
+  void prefetch(std::string_view name) const noexcept;
+  /// Whether there are so many names that a hint is worth its time.
+  [[nodiscard]] bool isLarge() const noexcept { return m_count >= kLargeCount; }
 
  private:
+  // The nodes of so many names fill the first two levels of the usual caches.
+  static constexpr std::size_t kLargeCount = 4096;
+
   [[nodiscard]] static std::uint32_t hashOf(std::string_view name) noexcept;
   [[nodiscard]] bool isNamed(const Def& def, std::string_view name) const noexcept;
+  // Where a name stands unless others were there before it. Not of an empty table.
+  [[nodiscard]] const Def& homeOf(std::uint32_t hash) const noexcept { return m_defs[hash & (m_defs.size() - 1)]; }
   [[nodiscard]] Def& placeOf(std::string_view name, std::uint32_t hash) noexcept;
   void record(Node& node);
   void grow();

@@ -232,7 +232,7 @@ void Parser::addNode(Node* node) {
 
 void Parser::markPlace(const Node& node) {
   const Lexer* const lexer = activeLexer();
-  if (lexer) m_places.push_back({&node, lexer->line(), lexer->lineOffset()});
+  if (lexer) m_places.push_back({&node, node.getReferenceNode(), lexer->line(), lexer->lineOffset()});
 }
 
 // ---- USE

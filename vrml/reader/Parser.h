@@ -119,6 +119,10 @@ class Parser : public LinkedListNode<Parser>, public NodeOwner {
   /// Makes the reference of a USE statement, which the grammar takes with `takeUse`; none for a name that nothing
   /// bears.
   void setUse(std::string_view name, int line);
+  /// Whether it is worth saying early, by `prefetchUse`, which name the next USE will ask for.
+  [[nodiscard]] bool hasManyNames() const noexcept { return m_names.isLarge(); }
+  /// A hint, which may be wrong. Changes nothing but how long the next look-up takes.
+  void prefetchUse(std::string_view name) const noexcept { m_names.prefetch(name); }
   /// The reference that the last USE made, owned by the caller; null, and noted, when it made none.
   [[nodiscard]] Node* takeUse();
   void addNote(Note note) { m_notes.push_back(std::move(note)); }
@@ -147,6 +151,7 @@ class Parser : public LinkedListNode<Parser>, public NodeOwner {
   // Where in the file a node was read that the post-load pass has work with.
   struct NodePlace {
     const Node* node;
+    const Node* source;  // of a reference; it is not sure to live still
     int line;
     std::size_t lineOffset;
   };

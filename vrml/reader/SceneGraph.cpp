@@ -57,6 +57,7 @@ void SceneGraph::load(const std::string& path, bool resolve, Progress progress, 
     loadText(std::move(text), path, resolve, progress, data);
   } catch (const std::bad_alloc&) {
     m_succeeded = false;
+    releaseText();
   }
   m_chain = nullptr;
 }
@@ -140,7 +141,7 @@ bool SceneGraph::replaceByCopy(Node*& node, bool& isReplaced) {
   if (!source) source = findNodeByName(node->getName());
   // An instance inside its own source has been made once; made again it would hold itself.
   if (!source || (!isReference && node->isAncestor(source))) return true;
-  const NodePlace place = isReference ? placeOf(*node) : NodePlace{node, 0, 0};
+  const NodePlace place = isReference ? placeOf(*node) : NodePlace{node, nullptr, 0, 0};
   const std::size_t size = source->countNodes(m_nodeLimit + 1);
   // The copy takes the place of the reference, or of the instance, that is counted already.
   if (treeNodes() - 1 + size > m_nodeLimit) {
@@ -174,9 +175,12 @@ SceneGraph::NodePlace SceneGraph::placeOf(const Node& node) {
   for (std::size_t i = m_nextPlace; i < m_places.size(); ++i)
     if (m_places[i].node == &node) {
       m_nextPlace = i + 1;
+      // The sources of the references to come lie anywhere in memory: they are brought in ahead.
+      constexpr std::size_t kAhead = 8;
+      if (i + kAhead < m_places.size()) Node::prefetch(m_places[i + kAhead].source);
       return m_places[i];
     }
-  return {&node, 0, 0};
+  return {&node, nullptr, 0, 0};
 }
 
 // ---- Inline

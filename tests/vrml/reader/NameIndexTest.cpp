@@ -5,10 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "ReaderTesting.h"
 #include "vrml/nodes/Node.h"
 #include "vrml/nodes/NodeFactory.h"
+#include "vrml/nodes/PointLightNode.h"
 #include "vrml/nodes/RootNode.h"
 
 namespace vrml {
@@ -94,6 +98,53 @@ TEST(NameIndex, tells_apart_thousands_of_names) {
   for (int i = 0; i < 5000; ++i)
     ASSERT_EQ(parser.findNodeByName("n" + std::to_string(i)), nodes[static_cast<std::size_t>(i)]);
   EXPECT_EQ(parser.findNodeByName("n5000"), nullptr);
+  EXPECT_TRUE(parser.hasManyNames()) << "hints are taken, in the tests below too";
+  for (int i = 4000; i < 5000; ++i) delete nodes[static_cast<std::size_t>(i)];
+  EXPECT_EQ(parser.findNodeByName("n4000"), nullptr);
+  EXPECT_FALSE(parser.hasManyNames());
+}
+
+TEST(NameIndex, takes_hints_of_names_that_are_not_there) {
+  NameIndex names;
+  names.prefetch("a");
+  EXPECT_FALSE(names.isLarge());
+  Parser parser;
+  parser.prefetchUse("a");
+  Node* const node = named("a");
+  parser.addNode(node);
+  delete node;
+  parser.prefetchUse("a");
+  parser.prefetchUse("");
+  EXPECT_EQ(parser.findNodeByName("a"), nullptr);
+}
+
+// What stands behind a USE is looked at for the name of the next one, which may be none, a wrong one, or cut off.
+TEST(NameIndex, gives_every_use_among_thousands_its_own_node) {
+  constexpr int kCount = 5000;
+  const auto name = [](int i) { return "n" + std::to_string(i); };
+  std::string text;
+  for (int i = 0; i < kCount; ++i) text += "DEF " + name(i) + " PointLight { intensity " + std::to_string(i) + " }\n";
+  for (int i = 0; i < kCount; ++i) {
+    text += "USE " + name(i * 7 % kCount) + "\n";
+    if (i % 3 == 0) text += "# USE " + name(i) + "\n";
+    if (i % 5 == 0) text += "WorldInfo { title \"USE nowhere\" info \"USE \" }\n";
+  }
+  const std::string longName(2000, 'n');
+  for (const std::string& end : {std::string(), std::string("#USE "), std::string("#USE n"), std::string("#USE"),
+                                 "#USE " + longName, std::string("USE n1")}) {
+    SceneGraph scene;
+    readertest::loadText(scene, text + end);
+    ASSERT_TRUE(scene.succeeded());
+    int uses = 0;
+    for (Node* node = scene.getRoot()->getFirstChild("PointLight"); node; node = node->next("PointLight")) {
+      if (!node->getReferenceNode()) continue;
+      const int source = end == "USE n1" && uses == kCount ? 1 : uses * 7 % kCount;
+      ASSERT_EQ(node->getName(), name(source));
+      ASSERT_EQ(static_cast<PointLightNode&>(*node).getIntensity(), static_cast<float>(source));
+      ++uses;
+    }
+    EXPECT_EQ(uses, end == "USE n1" ? kCount + 1 : kCount);
+  }
 }
 
 }  // namespace

@@ -148,6 +148,24 @@ TEST(SceneGraph, reports_the_nodes_of_its_pass) {
   EXPECT_EQ(counts, (std::vector<int>{1, 2, 3}));
 }
 
+// What is wanted of references is asked for ahead of the walk; these are gone when it comes near.
+TEST(SceneGraph, lets_a_callback_take_away_what_was_read) {
+  std::string text = "DEF a Group { }\nGroup { children [\n";
+  for (int i = 0; i < 20; ++i) text += "USE a\n";
+  text += "] }\n";
+  for (int i = 0; i < 20; ++i) text += "USE a\n";
+  SceneGraph scene;
+  const auto takeSecond = [](int, void* data) {
+    Node* const second = static_cast<SceneGraph*>(data)->getRoot()->getChild(1);
+    if (second && second->getNumChildNodes() == 20) delete second;
+  };
+  const TemporaryFolder folder;
+  scene.load(folder.write("a.wrl", kHeader + text), true, takeSecond, &scene);
+  EXPECT_EQ(verdict(scene), "ok");
+  EXPECT_EQ(scene.getNodeCount(), 21);
+  for (Node* node = scene.getRoot()->getChild(1); node; node = node->next()) EXPECT_TRUE(node->isType("Group"));
+}
+
 TEST(SceneGraph, clears_itself_before_a_load) {
   SceneGraph scene;
   loadText(scene, "DEF a TouchSensor { }\nDEF b TouchSensor { }\nROUTE a.isActive TO b.enabled\nViewpoint { }\n");
