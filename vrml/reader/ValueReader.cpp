@@ -214,6 +214,8 @@ bool ValueReader::readNodeText(bool allowNodes, std::string& out) {
       std::string name;
       if (m_lexer.rules().wideUseNames) {
         name = m_lexer.readWord(kUseNameStops);
+        // A field's text ends at its first zero byte: the name has "_" for one, as a node's own name would.
+        std::replace(name.begin(), name.end(), '\0', '_');
       } else {
         advance();
         if (at(TokenKind::identifier)) name = token().text;

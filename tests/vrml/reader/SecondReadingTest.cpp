@@ -18,7 +18,7 @@ using readertest::written;
 
 struct Row {
   const char* name;
-  const char* text;
+  std::string text;
   std::string expected;
 };
 
@@ -82,6 +82,8 @@ TEST(SecondReading, knows_more_of_scripts) {
        head + "\tfield SFNode n Group { children [ Shape { } ] }\n\teventIn SFBool go\n}\nShape {\n}\n"},
       {"lists of nodes", "Script { field MFNode n [ DEF a Group { }, USE b ] url \"x\" }",
        head + "\turl [\n\t\t\"x\"\n\t]\n\tfield MFNode n [ DEF a Group { } USE b ]\n}\n"},
+      {"zero bytes in a name", std::string("Script { field MFNode n [ USE a&\0b ] field SFNode m USE c&\0 }", 61),
+       head + "\tfield MFNode n [ USE a&_b ]\n\tfield SFNode m USE c&_\n}\n"},
       {"fields without a value", "PROTO P [ ] { Script { field SFBool a IS b eventIn SFBool c IS d } }\nP { }",
        head + "\teventIn SFBool c\n}\n"},
   });
